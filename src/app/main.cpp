@@ -1,0 +1,7 @@
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  return 0;
+}

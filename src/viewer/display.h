@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace bwp {
+
+/// The texts of the boxes for the Show Window's start and end (its last byte, or the file's length at the
+/// end).
+struct WindowTexts {
+  std::string Dstart, Dend, HStart, HEnd;
+};
+
+/// The texts of the boxes for the chunk.
+struct ChunkTexts {
+  std::string mdstart, mdend, Mdsize, MHStart, MHEnd, MHSize;
+};
+
+/// Where a refresh shows its work: the main form in the program, a recorder in the tests. The grid's cells
+/// and the thumb's place are read from the view state that both sides hold.
+class Display {
+ public:
+  virtual ~Display() = default;
+
+  /// Off: cells may be written without being seen. On: the page shows what stands in the grid now.
+  virtual void SetRedraw(bool on) = 0;
+  /// The thumb's top or height changed.
+  virtual void MoveThumb() = 0;
+  /// The main form's caption; the file name in it is a byte string.
+  virtual void ShowTitle(const std::string& title) = 0;
+  /// The ruler's labels are to be those of the given base.
+  virtual void ShowRuler(bool hex) = 0;
+  virtual void ShowWindowTexts(const WindowTexts& texts) = 0;
+  virtual void ShowChunkTexts(const ChunkTexts& texts) = 0;
+  /// Gives the grid the focus when it takes input.
+  virtual void FocusGridIfEnabled() = 0;
+  /// Handles the events that wait, and comes back.
+  virtual void LetEventsRun() = 0;
+  /// Puts the page on the screen and handles events until the screen can show another one.
+  virtual void NextFrame() = 0;
+};
+
+}  // namespace bwp

@@ -1,0 +1,62 @@
+#include "viewer/open_view_file.h"
+
+#include <sys/stat.h>
+
+#include "viewer/paths.h"
+
+namespace bwp {
+namespace {
+
+// The handle, the length and an empty grid: what opening and re-opening have in common.
+void TakeFile(ViewState& state) {
+  state.file.Open(state.OpenFile);
+  state.FLen = state.file.Length();
+  state.tabe.Clear();
+  state.hit = {};
+}
+
+}  // namespace
+
+void OpenViewFile(ViewState& state, const std::string& path) {
+  state.OpenFile = path;
+  TakeFile(state);
+  if (state.FLen != 0) {
+    state.SWStart = 0;
+    state.MarkStart = 0;
+    state.MarkEnd = state.FLen - 1;
+  }
+  state.ScrollStep = 0;
+  FitThumb(state, state.thumb.trackHeight);
+  state.thumb.top = 0;
+}
+
+void ReopenViewFile(ViewState& state) {
+  TakeFile(state);
+  FitThumb(state, state.thumb.trackHeight);
+}
+
+FileOffer OfferFile(ViewState& state, Notices& notices, const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return FileOffer::kNoFile;
+  if (status.st_size > kMaxFileLength) {
+    TellTooLarge(notices);
+    return FileOffer::kTooLarge;
+  }
+  OpenViewFile(state, path);
+  return FileOffer::kOpened;
+}
+
+void TellTooLarge(Notices& notices) {
+  notices.Tell("File is too large (the limit is 2.147.483.647 bytes)", kErrorTitle, Notices::Icon::kCritical);
+}
+
+void FitThumb(ViewState& state, double trackHeight) {
+  state.thumb.Fit(state.FLen, trackHeight);
+  state.thumb.top = state.thumb.TopOf(state.SWStart);
+}
+
+void CloseViewFile(ViewState& state) {
+  state.file.Close();
+}
+
+}  // namespace bwp

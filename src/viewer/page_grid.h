@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace bwp {
+
+/// Geometry of the page, the same everywhere: 32 rows of 16 bytes.
+inline constexpr int kBytesPerRow = 16;
+inline constexpr int kRows = 32;
+inline constexpr int kPageBytes = kRows * kBytesPerRow;
+
+/// Columns of the grid: the offset, then the row's bytes as numbers (1 to 16) and as characters (17 to 32).
+inline constexpr int kOffsetColumn = 0;
+inline constexpr int kFirstValueColumn = 1;
+inline constexpr int kFirstCharColumn = 17;
+inline constexpr int kColumns = 33;
+
+/// A colour as blue, green, red: 0x00BBGGRR.
+using Colour = std::uint32_t;
+inline constexpr Colour kMarkStartColour = 65535;   // yellow
+inline constexpr Colour kMarkEndColour = 16711935;  // magenta
+inline constexpr Colour kValueColour = 16777215;    // white
+inline constexpr Colour kCharColour = 65280;        // green
+inline constexpr Colour kHitColour = 16776960;      // cyan
+
+/// What the grid `tabe` shows: the text and the background colour of each of its 32 x 33 cells. Texts are in
+/// the program's character set. A cell keeps its text and colour until they are written again.
+class PageGrid {
+ public:
+  PageGrid();
+
+  /// Empties every cell and gives each its own colour back.
+  void Clear();
+
+  std::string_view Text(int row, int column) const;
+  /// Cuts the text to the ten characters that a decimal offset may need.
+  void SetText(int row, int column, std::string_view text);
+
+  Colour Background(int row, int column) const;
+  /// Colours one cell; the current cell of the grid does not move.
+  void cellcol(int row, int column, Colour colour);
+
+  /// Writes the byte at page position 0 to 511 as a number and as a character.
+  void WriteByte(int position, std::uint8_t byte, bool hex);
+
+  /// Colours the value and the character cell of the byte at page position 0 to 511.
+  void ColourByte(int position, Colour value, Colour character);
+  /// Gives both cells of the byte their own colours back.
+  void ResetByteColour(int position) { ColourByte(position, kValueColour, kCharColour); }
+
+ private:
+  static constexpr std::size_t kCellCapacity = 10;
+  struct Cell {
+    std::array<char, kCellCapacity> text{};
+    std::uint8_t length = 0;
+    Colour background = kValueColour;
+  };
+
+  Cell& At(int row, int column);
+  const Cell& At(int row, int column) const;
+
+  std::array<Cell, std::size_t{kRows} * kColumns> cells_;
+};
+
+/// Gives the character cells of the whole grid their own green.
+void PaintCharCells(PageGrid& grid);
+
+/// The label of ruler column 1 to 32: 0 to 15 twice over, 10 to 15 as the letters A to F in hexadecimal.
+std::string RulerLabel(int column, bool hex);
+
+}  // namespace bwp

@@ -1,0 +1,31 @@
+#include "viewer/paths.h"
+
+#include <sys/stat.h>
+
+#include "viewer/number_text.h"
+
+namespace funzioni {
+
+bool FileExists(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string FolderOf(const std::string& path) {
+  return path.substr(0, path.rfind(kSeparator) + 1);
+}
+
+std::string NameOf(const std::string& path) {
+  return path.substr(path.rfind(kSeparator) + 1);
+}
+
+std::string WithSeparator(std::string folder) {
+  if (folder.empty() || folder.back() != kSeparator) folder += kSeparator;
+  return folder;
+}
+
+std::string CommandLinePath(const std::string& text) {
+  return StripQuotes(text);
+}
+
+}  // namespace funzioni

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+/// Paths are byte strings as the operating system has them; they need not be UTF-8.
+namespace funzioni {
+
+/// The platform's folder separator.
+inline constexpr char kSeparator = '/';
+
+/// True when the path names a regular file, links followed.
+bool FileExists(const std::string& path);
+
+/// The folder part of a path, up to and including its last separator; empty when there is none.
+std::string FolderOf(const std::string& path);
+
+/// The name part of a path: what follows its last separator.
+std::string NameOf(const std::string& path);
+
+/// The folder with a separator appended when it does not already end with one.
+std::string WithSeparator(std::string folder);
+
+/// The path that a command-line text names: the text without surrounding double quotes.
+std::string CommandLinePath(const std::string& text);
+
+}  // namespace funzioni

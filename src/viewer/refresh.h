@@ -1,0 +1,24 @@
+#pragma once
+
+#include "viewer/display.h"
+#include "viewer/view_state.h"
+
+namespace bwp {
+
+/// Redraws everything from the view state; nearly every command ends here. Adds ScrollStep to SWStart once,
+/// and goes on doing so page by page while AutoScroll is set, speeding up as AccelMode allows. Events run
+/// between the pages, so that whoever set AutoScroll can clear it; handlers may call Refresh again meanwhile.
+/// Throws the platform's error when the page cannot be read.
+void Refresh(ViewState& state, Display& display);
+
+/// Holds SWStart to 0 .. FLen - 512; 0 for a shorter file.
+void ClampStart(ViewState& state);
+
+/// The caption of the main form.
+std::string TitleText(const ViewState& state);
+
+/// The texts of the boxes, as a refresh shows them.
+WindowTexts WindowTextsOf(const ViewState& state);
+ChunkTexts ChunkTextsOf(const ViewState& state);
+
+}  // namespace bwp
