@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <QMessageBox>
+#include <QObject>
+
+namespace bwp::test {
+
+/// A message box as a person saw it.
+struct SeenBox {
+  std::string title;
+  std::string text;
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
+  std::vector<std::string> buttons;  ///< The buttons' texts, from left to right.
+
+  /// "[title] text (x)", the icon being (i), (!), (x), (?) or absent.
+  std::string Line() const;
+};
+
+/// While it lives, every message box that comes up is noted and answered, so that no test waits for a person.
+/// Make one before the click that brings the box up.
+class AnswerBoxes : public QObject {
+ public:
+  /// Each box gets the next answer, the last one serves all that follow. NoButton stands for the Escape key;
+  /// a box without the button asked for is left with Escape.
+  explicit AnswerBoxes(std::vector<QMessageBox::StandardButton> answers = {QMessageBox::Ok});
+  ~AnswerBoxes() override;
+
+  const std::vector<SeenBox>& Seen() const { return seen_; }
+  /// The boxes so far, one Line each.
+  std::vector<std::string> Lines() const;
+
+  /// Runs while a box stands, before it is answered.
+  std::function<void(QMessageBox&)> onBox;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Answer(QMessageBox& box);
+
+  std::vector<QMessageBox::StandardButton> answers_;
+  std::vector<SeenBox> seen_;
+};
+
+}  // namespace bwp::test
