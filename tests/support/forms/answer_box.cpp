@@ -6,7 +6,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QTest>
-#include <QTimer>
+#include <QTimerEvent>
 
 namespace bwp::test {
 namespace {
@@ -58,12 +58,14 @@ std::vector<std::string> AnswerBoxes::Lines() const {
 }
 
 bool AnswerBoxes::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Show) {
-    if (auto* box = qobject_cast<QMessageBox*>(watched)) {
-      QTimer::singleShot(0, box, [this, box] { Answer(*box); });
-    }
-  }
+  if (event->type() == QEvent::Show && qobject_cast<QMessageBox*>(watched) != nullptr) startTimer(0);
   return QObject::eventFilter(watched, event);
+}
+
+// The box stands by now and waits in an event loop of its own.
+void AnswerBoxes::timerEvent(QTimerEvent* event) {
+  killTimer(event->timerId());
+  if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) Answer(*box);
 }
 
 void AnswerBoxes::Answer(QMessageBox& box) {

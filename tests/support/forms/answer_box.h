@@ -38,6 +38,9 @@ class AnswerBoxes : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ protected:
+  void timerEvent(QTimerEvent* event) override;
+
  private:
   void Answer(QMessageBox& box);
 
