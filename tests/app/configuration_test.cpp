@@ -1,0 +1,173 @@
+#include "app/configuration.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <string>
+#include <unistd.h>
+
+#include "support/temp_folder.h"
+#include "viewer/run_time_error.h"
+
+namespace {
+
+using bwp::Configuration;
+using bwp::test::ReadFile;
+using bwp::test::TempFolder;
+
+int ErrorOf(const std::string& text) {
+  try {
+    bwp::ReadConfiguration(text);
+  } catch (const bwp::RunTimeError& error) {
+    return error.number;
+  }
+  return 0;
+}
+
+TEST(Configuration, OfTheDefaultsIsExactlyThisLine) {
+  EXPECT_EQ(bwp::ConfigurationText({}), "#TRUE#,4,\"/\"\n");
+}
+
+TEST(Configuration, WithoutAFileIsTheDefaults) {
+  const TempFolder folder;
+  const Configuration read = bwp::LoadConfiguration(folder / "Bytewarp.cfg");
+  EXPECT_TRUE(read.hexMode);
+  EXPECT_EQ(read.acceleration, 4);
+  EXPECT_EQ(read.lastFolder, "/");
+}
+
+TEST(Configuration, ReadsItsThreeFields) {
+  const Configuration read = bwp::ReadConfiguration("#FALSE#,2,\"/home/a b, c/\"\n");
+  EXPECT_FALSE(read.hexMode);
+  EXPECT_EQ(read.acceleration, 2);
+  EXPECT_EQ(read.lastFolder, "/home/a b, c/");
+}
+
+TEST(Configuration, ReadsALineThatEndsAsOtherSystemsEndIt) {
+  EXPECT_EQ(bwp::ReadConfiguration("#TRUE#,0,\"/x/\"\r\n").lastFolder, "/x/");
+  EXPECT_EQ(bwp::ReadConfiguration("#TRUE#,0,\"/x/\"").lastFolder, "/x/");
+}
+
+TEST(Configuration, GivesAFolderItsSeparator) {
+  EXPECT_EQ(bwp::ReadConfiguration("#TRUE#,0,\"/x\"\n").lastFolder, "/x/");
+  EXPECT_EQ(bwp::ReadConfiguration("#TRUE#,0,\"\"\n").lastFolder, "/");
+}
+
+TEST(Configuration, ThatEndsTooEarlyIsInputPastTheEnd) {
+  for (const char* text :
+       {"", "\n", "#TRUE#", "#TRUE#,4", "#TRUE#,4,", "#TRUE#,4,\n", "#TRUE#,4,\"", "#TRUE#,4,\"/"}) {
+    EXPECT_EQ(ErrorOf(text), 62) << text;
+  }
+}
+
+TEST(Configuration, WithAWrongFieldIsATypeMismatch) {
+  for (const char* text :
+       {"TRUE,4,\"/\"\n", "#true#,4,\"/\"\n", ",4,\"/\"\n", "#TRUE#,x,\"/\"\n", "#TRUE#,,\"/\"\n",
+        "#TRUE#,4.5,\"/\"\n", "#TRUE#,4,/home\n", "#TRUE#,4,\"/\"x\n"}) {
+    EXPECT_EQ(ErrorOf(text), 13) << text;
+  }
+}
+
+TEST(Configuration, WithANumberBeyond16BitsOverflows) {
+  EXPECT_EQ(ErrorOf("#TRUE#,32768,\"/\"\n"), 6);
+  EXPECT_EQ(ErrorOf("#TRUE#,-32769,\"/\"\n"), 6);
+  EXPECT_EQ(bwp::ReadConfiguration("#TRUE#,32767,\"/\"\n").acceleration, 32767);
+}
+
+TEST(Configuration, ThatCannotBeReadIsNamedAndNotTouched) {
+  const TempFolder folder;
+  const std::string path = folder.Write("Bytewarp.cfg", "rubbish");
+  try {
+    bwp::LoadConfiguration(path);
+    FAIL() << "rubbish was read";
+  } catch (const bwp::RunTimeError& error) {
+    EXPECT_EQ(error.number, 62);
+    EXPECT_EQ(error.path, path);
+  }
+  EXPECT_EQ(ReadFile(path), "rubbish");
+}
+
+TEST(Configuration, SavingReplacesTheFileAndLeavesNothingElse) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("Bytewarp.cfg", "#TRUE#,4,\"/a much longer folder than the next/\"\n");
+  bwp::SaveConfiguration(bwp::Disk(), path, {false, 1, "/b/"});
+  EXPECT_EQ(ReadFile(path), "#FALSE#,1,\"/b/\"\n");
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"Bytewarp.cfg"});
+}
+
+TEST(Configuration, SavingThroughALinkKeepsTheLink) {
+  const TempFolder folder;
+  folder.Write("real.cfg", "old");
+  ASSERT_EQ(symlink("real.cfg", (folder / "Bytewarp.cfg").c_str()), 0);
+  bwp::SaveConfiguration(bwp::Disk(), folder / "Bytewarp.cfg", {});
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "Bytewarp.cfg"));
+  EXPECT_EQ(ReadFile(folder / "real.cfg"), "#TRUE#,4,\"/\"\n");
+}
+
+TEST(Configuration, SavingIntoAMissingFolderIsPathNotFound) {
+  const TempFolder folder;
+  try {
+    bwp::SaveConfiguration(bwp::Disk(), folder / "gone/Bytewarp.cfg", {});
+    FAIL() << "saved into a folder that is not there";
+  } catch (const bwp::RunTimeError& error) {
+    EXPECT_EQ(error.number, 76);
+  }
+}
+
+// A disk on which one kind of call fails.
+class BrokenDisk : public bwp::Disk {
+ public:
+  enum class Fault { kShortWrite, kWrite, kClose, kRename };
+  explicit BrokenDisk(Fault fault) : fault_(fault) {}
+
+  ssize_t Write(int descriptor, const void* bytes, std::size_t count) const override {
+    if (fault_ == Fault::kShortWrite) return Disk::Write(descriptor, bytes, count / 2);
+    if (fault_ == Fault::kWrite) return Fail(EIO);
+    return Disk::Write(descriptor, bytes, count);
+  }
+  int Close(int descriptor) const override {
+    const int result = Disk::Close(descriptor);
+    return fault_ == Fault::kClose ? Fail(EIO) : result;
+  }
+  int Rename(const std::string& from, const std::string& to) const override {
+    return fault_ == Fault::kRename ? Fail(EPERM) : Disk::Rename(from, to);
+  }
+
+ private:
+  static int Fail(int error) {
+    errno = error;
+    return -1;
+  }
+  Fault fault_;
+};
+
+TEST(Configuration, ASaveThatFailsLeavesTheOldFileWholeAndNothingBesideIt) {
+  using Fault = BrokenDisk::Fault;
+  const std::pair<Fault, int> cases[] = {
+      {Fault::kShortWrite, 61}, {Fault::kWrite, 57}, {Fault::kClose, 57}, {Fault::kRename, 70}};
+  for (const auto& [fault, number] : cases) {
+    const TempFolder folder;
+    const std::string path = folder.Write("Bytewarp.cfg", "#TRUE#,4,\"/\"\n");
+    try {
+      bwp::SaveConfiguration(BrokenDisk(fault), path, {false, 0, "/b/"});
+      ADD_FAILURE() << "no error";
+    } catch (const bwp::RunTimeError& error) {
+      EXPECT_EQ(error.number, number);
+    }
+    EXPECT_EQ(ReadFile(path), "#TRUE#,4,\"/\"\n");
+    EXPECT_EQ(folder.Names().size(), 1U);
+  }
+}
+
+RC_GTEST_PROP(Configuration, SurvivesTheRoundTripWhateverTheFolderHolds,
+              (bool hex, std::int16_t acceleration, const std::string& name)) {
+  const std::string folder = "/" + name + "\",\xFF/";
+  const Configuration read = bwp::ReadConfiguration(bwp::ConfigurationText({hex, acceleration, folder}));
+  RC_ASSERT(read.hexMode == hex);
+  RC_ASSERT(read.acceleration == acceleration);
+  RC_ASSERT(read.lastFolder == folder);
+}
+
+}  // namespace
