@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "fileops/disk.h"
+
+/// The streams that every long file operation moves bytes through, and the steps it moves them in.
+namespace FileSystem {
+
+/// A regular file, read from its start on. Nothing but Skip moves the position without reading.
+class ReadStream {
+ public:
+  ReadStream() = default;
+  /// Opens the path. Throws the platform's file error; 75 for what is no regular file.
+  explicit ReadStream(const std::string& path);
+  ReadStream(ReadStream&& other) noexcept;
+  ReadStream& operator=(ReadStream&& other) noexcept;
+  ~ReadStream();
+
+  /// Reads the next count bytes; returns how many there were, fewer only at the end of the file. Throws the
+  /// platform's file error.
+  std::size_t Read(void* bytes, std::size_t count);
+  /// As Read, but throws 62 when there were fewer: for bytes that the known length promised.
+  void ReadAll(void* bytes, std::size_t count);
+  /// Moves the position on without reading a byte. Past the end nothing is read any more.
+  void Skip(std::int64_t count);
+  void Close();
+
+  bool IsOpen() const { return descriptor_ >= 0; }
+  /// The file's length now, in bytes.
+  std::int64_t Length() const;
+  int Descriptor() const { return descriptor_; }
+  const std::string& Path() const { return path_; }
+
+ private:
+  int descriptor_ = -1;
+  std::string path_;
+};
+
+/// A file that is written from its start on. Every change goes through the table of disk calls.
+class WriteStream {
+ public:
+  /// Creates the file, or empties the one that is there. Throws the platform's file error; 75 for what is no
+  /// regular file.
+  WriteStream(const bwp::Disk& disk, const std::string& path);
+  /// Takes over a descriptor that was opened for writing; the path is for the reports.
+  WriteStream(const bwp::Disk& disk, int descriptor, std::string path);
+  WriteStream(WriteStream&& other) noexcept;
+  WriteStream& operator=(WriteStream&&) = delete;
+  /// Closes without a check; whoever needs to know calls Close.
+  ~WriteStream();
+
+  /// Writes all of the bytes. Throws the platform's file error; 61 when the disk takes no more.
+  void Write(std::string_view bytes);
+  /// Writes the source's next count bytes, inside the kernel where it can. Throws as Write does, and 62 when
+  /// the source holds fewer.
+  void WriteFrom(ReadStream& source, std::size_t count);
+  /// Comes back when the content is on the disk. Throws the platform's file error.
+  void Sync();
+  /// Throws when the system says only now that something was not written; the stream is closed all the same.
+  void Close();
+
+  int Descriptor() const { return descriptor_; }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::size_t CopyRange(ReadStream& source, std::size_t count);
+
+  const bwp::Disk* disk_;
+  int descriptor_;
+  std::string path_;
+  bool rangeCopyWorks_ = true;
+  std::string scratch_;  ///< Between reading and writing, where the kernel cannot copy by itself.
+};
+
+}  // namespace FileSystem
