@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include "app/forms/application.h"
 
-// The form tests share one application object; each test makes its own windows. They need no display.
+// The form tests share one application object, the program's own; each test makes its own windows. They need
+// no display.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
+  bwp::Application application(argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <QApplication>
+
+#include "viewer/run_time_error.h"
+
+namespace bwp {
+
+/// The application object: the one place where a RunTimeError is caught. It reports the error and ends the
+/// program there and then, however deep in nested event processing it was thrown, so that no further line of
+/// the interrupted operation runs.
+class Application : public QApplication {
+ public:
+  Application(int& argc, char** argv);
+
+  /// Called once before the report; what it returns (finished sentences, or nothing) is added to it. This is
+  /// where bytes that stand nowhere else are put to safety.
+  std::function<std::string()> beforeEnd;
+
+  /// Runs a piece of the program that no event started, under the same rule as an event's handler.
+  void Guard(const std::function<void()>& work);
+
+  bool notify(QObject* receiver, QEvent* event) override;
+
+ private:
+  [[noreturn]] void End(RunTimeError error);
+  bool MayReceive(const QObject* receiver, const QEvent* event) const;
+
+  bool ending_ = false;
+  QObject* report_ = nullptr;
+};
+
+}  // namespace bwp
