@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "viewer/page_grid.h"
+
+namespace bwp {
+
+/// The page as the toolkit's views and screen readers see it: 32 rows of offset, 16 numbers and 16
+/// characters. It holds nothing of its own; whoever wrote to the grid says so with PageChanged.
+class PageModel : public QAbstractTableModel {
+  Q_OBJECT
+ public:
+  explicit PageModel(const PageGrid& grid, QObject* parent = nullptr);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  /// One notice for the whole page.
+  void PageChanged();
+
+ private:
+  QString AccessibleText(int row, int column) const;
+
+  const PageGrid& grid_;
+};
+
+}  // namespace bwp
