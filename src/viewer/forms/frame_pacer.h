@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+class QWidget;
+
+namespace bwp {
+
+/// Lets a repeated scroll show every page it passes, no faster than the screen can: a held key then feels the
+/// same on every machine and costs little of it.
+class FramePacer {
+ public:
+  FramePacer();
+
+  /// Paints what the widget shows now and handles events until the screen can show the next picture.
+  void ShowFrame(QWidget& page);
+
+ private:
+  QElapsedTimer clock_;
+  qint64 nextFrame_ = 0;  // nanoseconds of clock_
+  QTimer wake_;
+};
+
+}  // namespace bwp
