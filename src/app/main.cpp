@@ -1,7 +1,48 @@
-#include <QApplication>
-#include <QWidget>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/forms/application.h"
+#include "app/forms/main_form.h"
+#include "app/start_up.h"
+
+namespace {
+
+constexpr const char* kHelp =
+    "Usage: bytewarp [FILE]\n"
+    "Show FILE, of up to 2,147,483,647 bytes, byte by byte; look through it, change it, search it, split "
+    "it.\n"
+    "\n"
+    "  --help     show this text and end\n"
+    "  --version  show the program's version and end\n"
+    "\n"
+    "Settings are kept in Bytewarp.cfg in the folder that is current when the program starts.\n";
+
+// Answers what is asked before any window is needed; true when that was all.
+bool Answered(const std::vector<std::string>& arguments) {
+  if (arguments.size() != 1) return false;
+  if (arguments.front() == "--help") std::fputs(kHelp, stdout);
+  if (arguments.front() == "--version") std::puts("bytewarp " BYTEWARP_VERSION);
+  return arguments.front() == "--help" || arguments.front() == "--version";
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  const QApplication application(argc, argv);
-  return 0;
+  const std::vector<std::string> asked(argv + 1, argv + argc);
+  if (Answered(asked)) return 0;
+
+  // The toolkit takes its own options out of the arguments; what is left names the file.
+  bwp::Application application(argc, argv);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  std::unique_ptr<bwp::MainForm> form;
+  application.Guard([&] {
+    form = std::make_unique<bwp::MainForm>(bwp::CurrentFolder());
+    application.beforeEnd = [&form] { return form->RescueBuffer(); };
+    form->Start(bwp::CommandLineText(arguments));
+    form->show();
+  });
+  return bwp::Application::exec();
 }

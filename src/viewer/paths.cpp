@@ -24,6 +24,10 @@ std::string WithSeparator(std::string folder) {
   return folder;
 }
 
+std::string FullPath(const std::string& path, const std::string& folder) {
+  return !path.empty() && path.front() == kSeparator ? path : folder + path;
+}
+
 std::string CommandLinePath(const std::string& text) {
   return StripQuotes(text);
 }

@@ -20,6 +20,9 @@ std::string NameOf(const std::string& path);
 /// The folder with a separator appended when it does not already end with one.
 std::string WithSeparator(std::string folder);
 
+/// The path as seen from the given folder (which ends with a separator): itself when it is absolute.
+std::string FullPath(const std::string& path, const std::string& folder);
+
 /// The path that a command-line text names: the text without surrounding double quotes.
 std::string CommandLinePath(const std::string& text);
 

@@ -1,0 +1,21 @@
+#include "app/forms/read_me.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "viewer/forms/text_conversion.h"
+#include "viewer/paths.h"
+
+namespace bwp {
+
+void ShowReadMe(const std::string& progFolder, Notices& notices) {
+  const std::string own = progFolder + "readme.txt";
+  const std::string path = funzioni::FileExists(own) ? own : std::string(BYTEWARP_DATA_DIR "/readme.txt");
+  if (!funzioni::FileExists(path)) {
+    notices.Tell("File not found", kErrorTitle, Notices::Icon::kCritical);
+  } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(path)))) {
+    notices.Tell("There is no program to show " + path, kErrorTitle, Notices::Icon::kCritical);
+  }
+}
+
+}  // namespace bwp

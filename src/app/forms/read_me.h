@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "viewer/notices.h"
+
+namespace bwp {
+
+/// Opens the user's guide in the desktop's text viewer: the readme.txt of the folder that the program was
+/// started in, or the installed one where that folder has none. Tells it when there is none to show or
+/// nothing to show it with.
+void ShowReadMe(const std::string& progFolder, Notices& notices);
+
+}  // namespace bwp
