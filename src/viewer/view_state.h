@@ -36,6 +36,7 @@ struct ViewState {
   int AccelMode = 0;             ///< 0 to 4: how often a held scroll may double its step.
 
   bool FieldTyping = false;   ///< A box is being typed into or the page edited: the refresh keeps off.
+  bool NavKeyHeld = false;    ///< The last key pressed was one that moves the page.
   bool ForceRefresh = false;  ///< A search moved the page: refresh although FieldTyping is set.
 
   std::string LastFolder = "/";  ///< The folder that the file dialogs show; ends with a separator.

@@ -1,0 +1,98 @@
+#include "interaction/chunk_selection.h"
+
+#include <algorithm>
+
+#include "viewer/mark_cells.h"
+#include "viewer/number_text.h"
+#include "viewer/refresh.h"
+
+namespace bwp {
+namespace {
+
+using funzioni::MaxOf;
+using funzioni::MinOf;
+
+bool IsHex(ChunkField field) {
+  return field == ChunkField::kMHStart || field == ChunkField::kMHEnd || field == ChunkField::kMHSize;
+}
+
+void TakeStart(ViewState& state, std::int64_t typed) {
+  const std::int64_t start = MaxOf({0, MinOf({typed, state.FLen - 2})});
+  MoveMarks(state, start, MaxOf({state.MarkEnd, start + 1}));
+}
+
+void TakeEnd(ViewState& state, std::int64_t typed) {
+  const std::int64_t end = MaxOf({1, MinOf({typed, state.FLen - 1})});
+  MoveMarks(state, MinOf({state.MarkStart, end - 1}), end);
+}
+
+void TakeSize(ViewState& state, std::int64_t typed) {
+  const std::int64_t end = MinOf({state.MarkStart + typed - 1, state.FLen - 1});
+  MoveMarks(state, state.MarkStart, MaxOf({state.MarkStart + 1, end}));
+}
+
+}  // namespace
+
+bool EnterChunkField(ViewState& state, Display& display, ChunkField field, std::string_view text) {
+  const bool hex = IsHex(field);
+  if (!funzioni::IsNumberText(text, hex)) return false;
+  const std::int64_t typed = hex ? funzioni::ParseHex(text) : funzioni::ParseDecimal(text);
+  switch (field) {
+    case ChunkField::kMHStart:
+    case ChunkField::kMdStart:
+      TakeStart(state, typed);
+      break;
+    case ChunkField::kMHEnd:
+    case ChunkField::kMdEnd:
+      TakeEnd(state, typed);
+      break;
+    case ChunkField::kMHSize:
+    case ChunkField::kMdSize:
+      TakeSize(state, typed);
+      break;
+  }
+  state.FieldTyping = false;
+  Refresh(state, display);
+  return true;
+}
+
+void GotoMarkStart(ViewState& state, Display& display) {
+  state.SWStart = state.MarkStart;
+  Refresh(state, display);
+}
+
+void GotoMarkEnd(ViewState& state, Display& display) {
+  state.SWStart = StartOfPageAtMarkEnd(state);
+  Refresh(state, display);
+}
+
+std::int64_t StartOfPageAtMarkEnd(const ViewState& state) {
+  return MaxOf({0, state.MarkEnd - (kPageBytes - 1)});
+}
+
+PopupCell NearestByteCell(int row, int column) {
+  return {std::clamp(row, 0, kRows - 1), std::clamp(column, kFirstValueColumn, kColumns - 1)};
+}
+
+std::int64_t ByteUnder(const ViewState& state, PopupCell cell) {
+  return state.SWStart + cell.row * kBytesPerRow + (cell.column - 1) % kBytesPerRow;
+}
+
+void MarkStartAt(ViewState& state, Display& display, PopupCell cell) {
+  // A file of one byte leaves no room in front of Mark End; the first byte is the first all the same.
+  const std::int64_t start = MinOf({ByteUnder(state, cell), state.FLen - 2, state.MarkEnd - 1});
+  MoveMarks(state, MaxOf({0, start}), state.MarkEnd);
+  Refresh(state, display);
+}
+
+void MarkEndAt(ViewState& state, Display& display, PopupCell cell) {
+  MoveMarks(state, state.MarkStart, MaxOf({state.MarkStart + 1, 1, ByteUnder(state, cell)}));
+  Refresh(state, display);
+}
+
+void MarkWholeFile(ViewState& state, Display& display) {
+  MoveMarks(state, 0, MaxOf({0, state.FLen - 1}));
+  Refresh(state, display);
+}
+
+}  // namespace bwp

@@ -1,0 +1,68 @@
+#include "interaction/keyboard_navigation.h"
+
+#include "interaction/chunk_selection.h"
+#include "viewer/refresh.h"
+
+namespace bwp {
+
+KeyboardNavigation::KeyboardNavigation(ViewState& state, Display& display, HoldTimer& timer)
+    : state_(state), display_(display), timer_(timer) {}
+
+bool KeyboardNavigation::Takes(KeyCode code) const {
+  if (state_.FieldTyping) return false;
+  return code == kKeyPageUp || code == kKeyPageDown || code == kKeyEnd || code == kKeyHome ||
+         code == kKeyUp || code == kKeyDown;
+}
+
+void KeyboardNavigation::KeyDown(KeyCode code) {
+  anyKeyDown_ = true;
+  if (KeyScrolling_ || state_.FieldTyping) return;
+  state_.NavKeyHeld = true;
+  switch (code) {
+    case kKeyDown:
+      StartScrolling(kBytesPerRow);
+      return;
+    case kKeyUp:
+      StartScrolling(-kBytesPerRow);
+      return;
+    case kKeyPageDown:
+      StartScrolling(kPageBytes);
+      return;
+    case kKeyPageUp:
+      StartScrolling(-kPageBytes);
+      return;
+    case kKeyHome:
+      state_.SWStart = state_.MarkStart;
+      break;
+    case kKeyEnd:
+      state_.SWStart = StartOfPageAtMarkEnd(state_);
+      break;
+    default:
+      state_.NavKeyHeld = false;
+      break;
+  }
+  state_.AutoScroll = false;
+}
+
+void KeyboardNavigation::KeyUp() {
+  anyKeyDown_ = false;
+  timer_.Disable();
+  state_.AutoScroll = false;
+  KeyScrolling_ = false;
+  if (!state_.FieldTyping) Refresh(state_, display_);
+  state_.ScrollStep = 0;
+  if (state_.ForceRefresh) state_.FieldTyping = false;
+  state_.ForceRefresh = false;
+}
+
+void KeyboardNavigation::LetGo() {
+  if (anyKeyDown_) KeyUp();
+}
+
+void KeyboardNavigation::StartScrolling(std::int32_t step) {
+  KeyScrolling_ = true;
+  state_.ScrollStep = step;
+  timer_.Enable();
+}
+
+}  // namespace bwp
