@@ -24,7 +24,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::Write(const std::string& name, std::string_view bytes) const {
-  const std::string path = path_ + name;
+  std::string path = path_ + name;
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   EXPECT_TRUE(file.flush().good()) << path;
