@@ -1,5 +1,6 @@
 #include "app/forms/read_me.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -8,9 +9,17 @@
 
 namespace bwp {
 
+namespace {
+
+std::string InstalledReadMe() {
+  return ToPath(QCoreApplication::applicationDirPath()) + "/" BYTEWARP_DATA_DIR "/readme.txt";
+}
+
+}  // namespace
+
 void ShowReadMe(const std::string& progFolder, Notices& notices) {
   const std::string own = progFolder + "readme.txt";
-  const std::string path = funzioni::FileExists(own) ? own : std::string(BYTEWARP_DATA_DIR "/readme.txt");
+  const std::string path = funzioni::FileExists(own) ? own : InstalledReadMe();
   if (!funzioni::FileExists(path)) {
     notices.Tell("File not found", kErrorTitle, Notices::Icon::kCritical);
   } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(path)))) {
