@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "fileops/byte_stream.h"
+#include "fileops/disk.h"
+
+namespace bwp {
+
+/// A file that the program writes on its way to somewhere: it vanishes with this object, however that comes
+/// about, unless Leave was called.
+class ScratchFile {
+ public:
+  /// Takes over a file that was opened for writing, and its descriptor.
+  ScratchFile(const Disk& disk, std::string path, int descriptor);
+  ScratchFile(ScratchFile&& other) noexcept;
+  ScratchFile& operator=(ScratchFile&&) = delete;
+  ~ScratchFile();
+
+  /// A new file that the user alone may read, under the prefix and letters that make the name unique. Throws
+  /// the platform's file error.
+  static ScratchFile Create(const Disk& disk, const std::string& prefix);
+
+  const std::string& Path() const { return path_; }
+  int Descriptor() const { return descriptor_; }
+  std::int64_t Length() const;
+
+  /// Writes on the file; it can be closed, and the close be checked, while the file's lock stays held here.
+  FileSystem::WriteStream Writer() const;
+  /// Comes back when everything is on the disk. Throws the platform's file error.
+  void Sync() const;
+  /// Deletes it now. Throws the platform's file error.
+  void Delete();
+  /// The file is no longer ours to delete: it has its own name now, or is to stay.
+  void Leave() { ours_ = false; }
+  /// It is ours to delete again.
+  void Take() { ours_ = true; }
+
+ private:
+  const Disk* disk_;
+  std::string path_;
+  int descriptor_;
+  bool ours_ = true;
+};
+
+}  // namespace bwp

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cerrno>
+
+namespace bwp {
+
+/// Makes a system call again for as long as a signal interrupts it.
+template <typename Call>
+auto Uninterrupted(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+}  // namespace bwp
