@@ -7,8 +7,8 @@
 /// The program holds its open file: nobody may destroy it under its hands.
 namespace bwp {
 
-/// Throws error 70 when the path is a name that the open file is reached by. Any other link to it, symbolic or
-/// hard, may be deleted: the file stays.
+/// Throws error 70 when the path is a name that the open file is reached by. Any other link to it, symbolic
+/// or hard, may be deleted: the file stays.
 void RefuseToDeleteOpenFile(const ViewState& state, const std::string& path);
 
 /// Throws error 70 when writing to the path, links followed, would write into the open file.

@@ -29,9 +29,10 @@ void SaveUnderTypedName(ViewState& state, Services& services, const SaveTask& ta
 void SaveOntoListedFile(ViewState& state, Services& services, const SaveTask& task, const std::string& name);
 
 /// Saves bytes of the open file under another name, replacing what is there; all of them when no range is
-/// given. Cancel leaves a short file. Throws the platform's file error, 70 for a name that the open file needs;
-/// what was written is then removed again.
+/// given. Cancel leaves a short file. Throws the platform's file error, 70 for a name that the open file
+/// needs; what was written is then removed again.
 void SaveChunk(const ViewState& state, Services& services, const std::string& destination,
-               std::optional<std::int64_t> from = std::nullopt, std::optional<std::int64_t> to = std::nullopt);
+               std::optional<std::int64_t> from = std::nullopt,
+               std::optional<std::int64_t> to = std::nullopt);
 
 }  // namespace bwp

@@ -38,8 +38,8 @@ ScratchFile ScratchFile::Create(const Disk& disk, const std::string& prefix) {
   std::random_device random;
   for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
     const std::string path = prefix + funzioni::HexOffset(static_cast<std::int32_t>(random()));
-    const int descriptor = Uninterrupted(
-        [&] { return disk.Open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, kUserOnly); });
+    const int descriptor =
+        Uninterrupted([&] { return disk.Open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, kUserOnly); });
     if (descriptor >= 0) return {disk, path, descriptor};
     if (errno != EEXIST) throw RunTimeErrorFromErrno(errno, path);
   }
@@ -63,7 +63,8 @@ void ScratchFile::Sync() const {
 }
 
 void ScratchFile::Delete() {
-  if (disk_->Delete(path_) != 0 && errno != ENOENT) throw RunTimeErrorFromErrno(errno, path_);
+  if (Uninterrupted([&] { return disk_->Delete(path_); }) != 0 && errno != ENOENT)
+    throw RunTimeErrorFromErrno(errno, path_);
   ours_ = false;
 }
 

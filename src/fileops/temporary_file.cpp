@@ -10,6 +10,7 @@
 #include "fileops/uninterrupted.h"
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
+#include "viewer/view_file.h"
 
 namespace bwp {
 namespace {
@@ -64,8 +65,8 @@ void Lock(const Disk& disk, ScratchFile& file) {
   throw RunTimeErrorFromErrno(errno, file.Path());
 }
 
-// Nothing when another copy of the program moved or deleted the file between the steps. Until it is locked and
-// looked at again it must not be touched: it may have become the file that the other copy rewrote.
+// Nothing when another copy of the program moved or deleted the file between the steps. Until it is locked
+// and looked at again it must not be touched: it may have become the file that the other copy rewrote.
 std::optional<ScratchFile> TryOpen(const Disk& disk, const std::string& path) {
   const Opened opened = Open(disk, path);
   if (opened.descriptor < 0) {

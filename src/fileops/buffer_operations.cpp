@@ -1,0 +1,218 @@
+#include "fileops/buffer_operations.h"
+
+#include <cstdint>
+#include <utility>
+
+#include "fileops/file_system.h"
+#include "fileops/replace_file.h"
+#include "fileops/shown_file.h"
+#include "fileops/temporary_file.h"
+#include "viewer/number_text.h"
+#include "viewer/open_view_file.h"
+#include "viewer/refresh.h"
+
+namespace bwp {
+namespace {
+
+using FileSystem::ReadStream;
+using FileSystem::WriteStream;
+using funzioni::SignPadded;
+
+// The chunk's last byte that is there.
+std::int64_t LastByteOf(const ViewState& state) {
+  return funzioni::MinOf({state.MarkEnd, state.FLen - 1});
+}
+
+// The steps that a cut or an insert announces, one after the other.
+class Steps {
+ public:
+  Steps(Progress& progress, std::string prefix, int total)
+      : progress_(progress), prefix_(std::move(prefix)), total_(total) {}
+
+  void Begin(const std::string& label) {
+    progress_.SetCaption(prefix_ + "Step " + SignPadded(++step_) + " of " + SignPadded(total_));
+    progress_.SetLabel(label);
+    progress_.LetEventsRun();
+  }
+
+ private:
+  Progress& progress_;
+  std::string prefix_;
+  int total_;
+  int step_ = 0;
+};
+
+// Writes the file without the chunk, and the chunk into the text.
+void WriteWithoutChunk(const ViewState& state, Progress& progress, ReadStream& old, WriteStream output,
+                       std::string& chunk) {
+  const std::int64_t head = state.MarkStart;
+  const std::int64_t last = LastByteOf(state);
+  const std::int64_t tail = state.FLen - 1 - last;
+  Steps steps(progress, "", 1 + (head > 0 ? 1 : 0) + (tail > 0 ? 1 : 0));
+  progress.Show();
+  progress.LetEventsRun();
+  if (head > 0) {
+    steps.Begin("Copying from  0 to MarkStart-1");
+    StreamCopy(progress, old, output, head);
+    progress.SetBar(0);
+  }
+  steps.Begin("Cutting to Buffer from MarkStart to MarkEnd");
+  StreamReadText(progress, old, chunk, last - head + 1);
+  progress.SetBar(0);
+  if (tail > 0) {
+    steps.Begin("Copying from MarkEnd to end of file");
+    StreamCopy(progress, old, output, tail);
+    progress.SetBar(0);
+  }
+  output.Close();
+}
+
+// Where an insert goes and what its labels call that.
+struct Place {
+  std::int64_t split = 0;  // Bytes of the old file before the Buffer.
+  std::string head, name, tail;
+};
+
+Place PlaceOf(const ViewState& state, const std::string& mode) {
+  Place place;
+  if (mode == "bms") place = {state.MarkStart, "MarkStart-1", "BEFORE MarkStart", "MarkStart"};
+  if (mode == "ams") place = {state.MarkStart + 1, "MArkStart", "AFTER MarkStart", "MarkStart+1"};
+  if (mode == "app") place = {state.FLen, "End Of File", "End Of File", ""};
+  // A mark may lie past the end.
+  place.split = funzioni::MinOf({place.split, state.FLen});
+  return place;
+}
+
+// Writes the file with the Buffer in it.
+void WriteWithBuffer(const ViewState& state, Progress& progress, ReadStream& old, WriteStream output,
+                     const Place& place) {
+  const std::int64_t tail = state.FLen - place.split;
+  Steps steps(progress, "Insert Buffer, ", 1 + (place.split > 0 ? 1 : 0) + (tail > 0 ? 1 : 0));
+  progress.LetEventsRun();
+  if (place.split > 0) {
+    steps.Begin("Copying from  0 to " + place.head);
+    StreamCopy(progress, old, output, place.split);
+  }
+  steps.Begin("Copying Buffer to " + place.name);
+  StreamWriteText(progress, output, state.BufferData);
+  if (tail > 0) {
+    steps.Begin("Copying from " + place.tail + " to end of file");
+    StreamCopy(progress, old, output, tail);
+  }
+  output.Close();
+}
+
+bool WouldBeTooLarge(const ViewState& state) {
+  return state.FLen + static_cast<std::int64_t>(state.BufferData.size()) > kMaxFileLength;
+}
+
+// Shows the file under the name that it has now. The message names the cause in two spellings.
+void ShowRewritten(ViewState& state, Services& services, FileReplacement::Outcome outcome,
+                   const std::string& cause) {
+  const std::string newPath = state.OpenFile + ".new";
+  if (outcome == FileReplacement::Outcome::kStandsAsNew) state.OpenFile = newPath;
+  ReopenViewFile(state);
+  if (outcome == FileReplacement::Outcome::kStandsAsNew) {
+    services.notices.Tell("There is a SYSTEM ERROR " + cause +
+                          " by windows preview!  Your file has been renamed as '" + newPath + "'");
+  }
+  Refresh(state, services.display);
+}
+
+}  // namespace
+
+void CopyChunk(ViewState& state, Services& services) {
+  Progress& progress = services.progress;
+  ReadStream file(state.OpenFile);
+  if (!HoldsWhatIsShown(state, VersionOf(file))) return TellChanged(state, services);
+  const std::int64_t last = LastByteOf(state);
+  if (state.MarkStart > last) return TellNoByte(services.notices);
+
+  progress.SetCaption("Seeking MarkStart");
+  progress.SetLabel("Wait please");
+  progress.Show();
+  progress.LetEventsRun();
+  StreamSkip(progress, file, state.MarkStart);
+  progress.SetCaption("Copy");
+  progress.SetLabel("Copying Chunk to Buffer");
+  progress.LetEventsRun();
+  std::string chunk;
+  StreamReadText(progress, file, chunk, last - state.MarkStart + 1);
+  progress.SetBar(0);
+  progress.Hide();
+  if (progress.Aborted()) {
+    services.notices.Tell("Copy aborted");
+  } else {
+    state.BufferData = std::move(chunk);
+    state.BufferIsCut = false;
+  }
+  Refresh(state, services.display);
+  progress.ClearAbort();
+}
+
+void CutChunk(ViewState& state, Services& services) {
+  Progress& progress = services.progress;
+  ReadStream old(state.OpenFile);
+  FileReplacement replacement(services.disk, old);
+  if (!IsAsShown(state, replacement.Old())) return TellChanged(state, services);
+  if (state.MarkStart > LastByteOf(state)) return TellNoByte(services.notices);
+
+  ScratchFile temporary = OpenTemporaryFile(services.disk);
+  std::string chunk;
+  WriteWithoutChunk(state, progress, old, temporary.Writer(), chunk);
+  replacement.Prepare(progress, temporary);
+  progress.Hide();
+  if (progress.Aborted()) {
+    replacement.Discard(temporary);
+    services.notices.Tell("Cut Aborted");
+    progress.ClearAbort();
+    return;
+  }
+
+  CloseViewFile(state);
+  const FileReplacement::Outcome outcome = replacement.Commit();
+  if (outcome == FileReplacement::Outcome::kTargetChanged) {
+    replacement.Discard(temporary);
+    return TellChanged(state, services);
+  }
+  // From here on the chunk stands nowhere else: whatever fails now, the Buffer has it.
+  state.BufferData = std::move(chunk);
+  state.BufferIsCut = true;
+  replacement.SyncFolder();
+  ShowRewritten(state, services, outcome, "cause");
+  progress.ClearAbort();
+}
+
+void InsertBuffer(ViewState& state, Services& services, const std::string& mode) {
+  Progress& progress = services.progress;
+  ReadStream old(state.OpenFile);
+  FileReplacement replacement(services.disk, old);
+  if (!IsAsShown(state, replacement.Old())) return TellChanged(state, services);
+  if (WouldBeTooLarge(state)) return TellTooLarge(services.notices);
+
+  progress.SetCaption("Insert Buffer");
+  progress.Show();
+  ScratchFile temporary = OpenTemporaryFile(services.disk);
+  WriteWithBuffer(state, progress, old, temporary.Writer(), PlaceOf(state, mode));
+  replacement.Prepare(progress, temporary);
+  progress.Hide();
+  if (progress.Aborted()) {
+    replacement.Discard(temporary);
+    services.notices.Tell("Insert aborted");
+    progress.ClearAbort();
+    return;
+  }
+
+  CloseViewFile(state);
+  const FileReplacement::Outcome outcome = replacement.Commit();
+  if (outcome == FileReplacement::Outcome::kTargetChanged) {
+    replacement.Discard(temporary);
+    return TellChanged(state, services);
+  }
+  replacement.SyncFolder();
+  ShowRewritten(state, services, outcome, "caused");
+  services.notices.Tell("Insert Successful");
+  progress.ClearAbort();
+}
+
+}  // namespace bwp

@@ -1,0 +1,106 @@
+#include "fileops/file_attributes.h"
+
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <vector>
+
+#include "fileops/uninterrupted.h"
+#include "viewer/run_time_error.h"
+
+namespace bwp {
+namespace {
+
+constexpr auto kUnchanged = static_cast<uid_t>(-1);
+
+struct Files {
+  const Disk& disk;
+  int from;
+  int to;
+  const std::string& path;
+};
+
+void Require(bool done, const Files& files) {
+  if (!done) throw RunTimeErrorFromErrno(errno, files.path);
+}
+
+bool GiveOwner(const Files& files, uid_t owner, gid_t group) {
+  const int result = Uninterrupted([&] { return files.disk.ChangeOwner(files.to, owner, group); });
+  Require(result == 0 || errno == EPERM, files);
+  return result == 0;
+}
+
+// Only the system's administrator may give files away; a group of one's own anybody may set.
+void CopyOwnerAndMode(const Files& files) {
+  struct stat old = {};
+  struct stat fresh = {};
+  Require(fstat(files.from, &old) == 0 && fstat(files.to, &fresh) == 0, files);
+  bool ownerKept = old.st_uid == fresh.st_uid;
+  bool groupKept = old.st_gid == fresh.st_gid;
+  if (!ownerKept) ownerKept = groupKept = GiveOwner(files, old.st_uid, old.st_gid);
+  if (!groupKept) groupKept = GiveOwner(files, kUnchanged, old.st_gid);
+
+  mode_t mode = old.st_mode & 07777U;
+  // What ran or was read as somebody must not do so as somebody else.
+  if (!ownerKept) mode &= ~static_cast<mode_t>(S_ISUID);
+  if (!groupKept) mode = (mode & ~static_cast<mode_t>(S_ISGID | S_IRWXG)) | ((mode & S_IRWXO) << 3U);
+  Require(Uninterrupted([&] { return files.disk.ChangeMode(files.to, mode); }) == 0, files);
+}
+
+// A list of names or a value, whose size may change between asking for it and reading it; false and errno
+// where there is none.
+template <typename Read>
+bool ReadWhole(std::vector<char>& bytes, Read read) {
+  for (;;) {
+    const ssize_t size = read(nullptr, 0);
+    if (size < 0) return false;
+    bytes.resize(static_cast<std::size_t>(size) + 1);
+    const ssize_t got = read(bytes.data(), bytes.size() - 1);
+    if (got < 0 && errno == ERANGE) continue;
+    if (got < 0) return false;
+    bytes.resize(static_cast<std::size_t>(got));
+    return true;
+  }
+}
+
+// The rest is the system's: labels that only it may set, or that another file system has not got.
+bool BelongsToTheUser(const std::string& name) {
+  return name.starts_with("user.") || name.find("acl") != std::string::npos;
+}
+
+void CopyAttribute(const Files& files, const std::string& name) {
+  std::vector<char> value;
+  const bool read = ReadWhole(
+      value, [&](char* bytes, std::size_t size) { return fgetxattr(files.from, name.c_str(), bytes, size); });
+  if (!read && errno == ENODATA) return;
+  const bool done =
+      read && Uninterrupted([&] {
+                return files.disk.SetAttribute(files.to, name.c_str(), value.data(), value.size());
+              }) == 0;
+  const bool refused = errno == EPERM || errno == EACCES || errno == ENOTSUP;
+  if (!done && !(refused && !BelongsToTheUser(name))) Require(false, files);
+}
+
+void CopyExtendedAttributes(const Files& files) {
+  std::vector<char> names;
+  const bool read =
+      ReadWhole(names, [&](char* bytes, std::size_t size) { return flistxattr(files.from, bytes, size); });
+  if (!read && errno == ENOTSUP) return;
+  Require(read, files);
+  for (std::size_t start = 0; start < names.size();) {
+    const std::string name(names.data() + start, strnlen(names.data() + start, names.size() - start));
+    CopyAttribute(files, name);
+    start += name.size() + 1;
+  }
+}
+
+}  // namespace
+
+void CopyAttributes(const Disk& disk, int from, int to, const std::string& path) {
+  const Files files{disk, from, to, path};
+  CopyOwnerAndMode(files);
+  CopyExtendedAttributes(files);
+}
+
+}  // namespace bwp

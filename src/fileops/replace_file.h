@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <string>
+
+#include "fileops/byte_stream.h"
+#include "fileops/disk.h"
+#include "fileops/progress.h"
+#include "fileops/scratch_file.h"
+#include "viewer/view_file.h"
+
+namespace bwp {
+
+/// Which file it is and what state it is in: enough to see that another program has changed it.
+struct FileVersion {
+  FileIdentity identity;
+  std::int64_t length = 0;
+  timespec modified = {};
+  friend bool operator==(const FileVersion& one, const FileVersion& other);
+};
+
+/// The version of the file that a stream reads. Throws the platform's file error.
+FileVersion VersionOf(const FileSystem::ReadStream& file);
+
+/// Puts complete new content under a file's name by one rename: at every instant, also of a crash or a power
+/// cut, the name holds the whole old or the whole new content. Owner, mode and attributes are kept; a
+/// symbolic link stays one and its target is replaced; other hard links keep the old content.
+class FileReplacement {
+ public:
+  enum class Outcome {
+    kReplaced,      ///< The name holds the new content.
+    kStandsAsNew,   ///< The name cannot be replaced; the new content stands under it plus ".new".
+    kTargetChanged  ///< Another program changed the file meanwhile; nothing was replaced.
+  };
+
+  /// The stream reads the file that is to be replaced and outlives this object; its path becomes the target.
+  /// Throws the platform's file error.
+  FileReplacement(const Disk& disk, const FileSystem::ReadStream& old);
+
+  /// The file as it was when this object was made.
+  const FileVersion& Old() const { return version_; }
+
+  /// Brings the new content, which must stay until Commit, to where only a rename is missing: on the disk,
+  /// with the old file's attributes, on its file system. Copying it there takes steps of the progress and
+  /// ends on Cancel; nothing is done after Cancel. Throws the platform's file error.
+  void Prepare(Progress& progress, ScratchFile& content);
+
+  /// Gives up what was prepared and deletes the content. Throws the platform's file error.
+  void Discard(ScratchFile& content);
+
+  /// The rename. Throws the platform's file error with nothing changed; 58 when the ".new" name is taken, and
+  /// the content then stays where it is, as the error's note says.
+  Outcome Commit();
+
+  /// Makes the rename last through a power cut. Throws the platform's file error; the name holds the new
+  /// content all the same.
+  void SyncFolder() const;
+
+ private:
+  bool TargetChanged() const;
+  void Stage(const std::string& folder, Progress* progress);
+  void Finish(const ScratchFile& file) const;
+  int Move(const std::string& to, bool overwrite);
+  int TryMove(const std::string& to, bool overwrite);
+
+  const Disk& disk_;
+  const FileSystem::ReadStream& old_;
+  std::string target_;  ///< The path with its links resolved.
+  FileVersion version_;
+  ScratchFile* content_ = nullptr;
+  std::optional<ScratchFile> staged_;  ///< The content's copy on the target's file system.
+  std::string placed_;                 ///< Where the content went.
+};
+
+}  // namespace bwp
