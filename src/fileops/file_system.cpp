@@ -3,16 +3,12 @@
 #include <new>
 #include <stdexcept>
 
+#include "fileops/percent.h"
 #include "viewer/number_text.h"
 #include "viewer/run_time_error.h"
 
 namespace FileSystem {
 namespace {
-
-float Percent(std::int64_t done, std::int64_t count) {
-  if (count == 0) throw bwp::MakeRunTimeError(bwp::kDivisionByZero);
-  return static_cast<float>(static_cast<double>(done) * 100 / static_cast<double>(count));
-}
 
 // The loop that all primitives share. moveBytes is given how many bytes are done and how many to move; it
 // runs at least once, also for a count of zero, whose percentage then fails.

@@ -13,6 +13,7 @@ void TakeFile(ViewState& state) {
   state.FLen = state.file.Length();
   state.tabe.Clear();
   state.hit = {};
+  ++state.openings;
 }
 
 }  // namespace

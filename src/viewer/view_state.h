@@ -45,6 +45,9 @@ struct ViewState {
   PageGrid tabe;      ///< What the grid shows.
   ScrollThumb thumb;  ///< Where the scroll bar's thumb stands.
   SearchHit hit;      ///< What the page colours as found.
+
+  std::uint64_t openings =
+      0;  ///< Grows whenever a file is opened or re-opened: what was found before is stale.
 };
 
 }  // namespace bwp

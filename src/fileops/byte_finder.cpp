@@ -1,0 +1,121 @@
+#include "fileops/byte_finder.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "fileops/byte_pair_scan.h"
+#include "viewer/code_page.h"
+
+namespace FileSystem {
+namespace {
+
+// How much of a text is looked at to learn which bytes are rare in it. The distance is prime, so that records
+// of a usual length do not show the same of their bytes each time.
+constexpr std::size_t kSamples = 512;
+constexpr std::size_t kSampleDistance = 1021;
+
+// Comparing a candidate costs its equal bytes and this much. Altogether it may cost so many times the bytes
+// that were passed, after a start that is free.
+constexpr std::size_t kCandidateCost = 16;
+constexpr std::size_t kCostPerByte = 2;
+constexpr std::size_t kFreeCost = 16'384;
+
+std::size_t EqualBytes(const char* one, const char* two, std::size_t count) {
+  std::size_t done = 0;
+  for (std::uint64_t left = 0, right = 0; done + sizeof left <= count; done += sizeof left) {
+    std::memcpy(&left, one + done, sizeof left);
+    std::memcpy(&right, two + done, sizeof right);
+    if (left != right) break;
+  }
+  while (done < count && one[done] == two[done]) ++done;
+  return done;
+}
+
+}  // namespace
+
+ByteFinder::ByteFinder(std::string_view pattern, bool ignoreCase) : pattern_(pattern) {
+  for (std::size_t byte = 0; byte < fold_.size(); ++byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    fold_[byte] = ignoreCase ? code_page::Fold(value) : value;
+    mask_[byte] = ignoreCase ? static_cast<unsigned char>(value ^ code_page::Upper(value)) : 0;
+  }
+  std::array<bool, 256> seen{};
+  for (std::size_t i = 0; i < pattern_.size(); ++i) {
+    const unsigned char byte = Folded(pattern_[i]);
+    pattern_[i] = static_cast<char>(byte);
+    if (!seen[byte]) places_.push_back(i);
+    seen[byte] = true;
+  }
+}
+
+std::size_t ByteFinder::Find(std::string_view text, std::size_t from) {
+  if (text.size() < pattern_.size()) return kNone;
+  const std::size_t end = text.size() - pattern_.size() + 1;
+  if (from >= end) return kNone;
+  const BytePair pair = RarePair(text, from);
+  const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
+  std::size_t cost = 0;
+  for (std::size_t place = from; (place = ScanForPair(pair, bytes, place, end)) < end; ++place) {
+    const std::size_t matching = MatchingBytes(text.data() + place);
+    if (matching == pattern_.size()) return place;
+    cost += kCandidateCost + matching;
+    if (cost > kFreeCost + kCostPerByte * (place - from)) return FindByTable(text, place + 1);
+  }
+  return kNone;
+}
+
+// The two bytes of the pattern that the text holds least of. Of a pattern with one byte only, its ends.
+BytePair ByteFinder::RarePair(std::string_view text, std::size_t from) const {
+  std::size_t first = 0;
+  std::size_t second = pattern_.size() - 1;
+  if (places_.size() > 1) {
+    std::array<std::size_t, 256> count{};
+    for (std::size_t i = from, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
+      ++count[Folded(text[i])];
+    }
+    std::array<std::size_t, 2> rarest{};
+    std::partial_sort_copy(places_.begin(), places_.end(), rarest.begin(), rarest.end(),
+                           [&](std::size_t one, std::size_t two) {
+                             return count[Folded(pattern_[one])] < count[Folded(pattern_[two])];
+                           });
+    first = rarest[0];
+    second = rarest[1];
+  }
+  const auto partAt = [this](std::size_t position) {
+    const auto byte = static_cast<unsigned char>(pattern_[position]);
+    return BytePair::Part{position, static_cast<unsigned char>(byte | mask_[byte]), mask_[byte]};
+  };
+  return {partAt(first), partAt(second)};
+}
+
+std::size_t ByteFinder::MatchingBytes(const char* text) const {
+  std::size_t done = EqualBytes(text, pattern_.data(), pattern_.size());
+  while (done < pattern_.size() && Folded(text[done]) == static_cast<unsigned char>(pattern_[done])) ++done;
+  return done;
+}
+
+// The failure table says, for a number of matching bytes, how many of them match when the pattern is moved on
+// as little as possible; so no byte of the text is looked at anew.
+std::size_t ByteFinder::FindByTable(std::string_view text, std::size_t from) {
+  const auto advance = [this](std::size_t matching, unsigned char byte) {
+    while (matching > 0 && static_cast<unsigned char>(pattern_[matching]) != byte) {
+      matching = failure_[matching - 1];
+    }
+    return static_cast<unsigned char>(pattern_[matching]) == byte ? matching + 1 : 0;
+  };
+  if (failure_.empty()) {
+    failure_.assign(pattern_.size(), 0);
+    for (std::size_t i = 1; i < pattern_.size(); ++i) {
+      failure_[i] =
+          static_cast<std::uint32_t>(advance(failure_[i - 1], static_cast<unsigned char>(pattern_[i])));
+    }
+  }
+  std::size_t matching = 0;
+  for (std::size_t i = from; i < text.size(); ++i) {
+    matching = advance(matching, Folded(text[i]));
+    if (matching == pattern_.size()) return i + 1 - matching;
+  }
+  return kNone;
+}
+
+}  // namespace FileSystem

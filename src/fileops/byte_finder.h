@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace FileSystem {
+
+struct BytePair;
+
+/// Finds one pattern in any number of texts, in a time that grows with the text alone. Two bytes of the
+/// pattern that are rare in the text are looked for, many positions at once; where both stand, the rest is
+/// compared. A text in which too much is compared in vain is searched on byte by byte with a failure table.
+class ByteFinder {
+ public:
+  static constexpr std::size_t kNone = std::string_view::npos;
+
+  /// The pattern must hold at least one byte. Case is that of the program's character set.
+  ByteFinder(std::string_view pattern, bool ignoreCase);
+
+  /// Where the first match at or behind `from` begins; kNone when there is none.
+  std::size_t Find(std::string_view text, std::size_t from);
+
+ private:
+  unsigned char Folded(char byte) const { return fold_[static_cast<unsigned char>(byte)]; }
+  BytePair RarePair(std::string_view text, std::size_t from) const;
+  std::size_t MatchingBytes(const char* text) const;
+  std::size_t FindByTable(std::string_view text, std::size_t from);
+
+  std::array<unsigned char, 256> fold_{};  // each byte as the comparison sees it
+  std::array<unsigned char, 256> mask_{};  // the bits in which the two cases of a folded byte differ
+  std::string pattern_;                    // folded
+  std::vector<std::size_t> places_;        // one position of each different byte of the pattern
+  std::vector<std::uint32_t> failure_;     // made when it is needed
+};
+
+}  // namespace FileSystem

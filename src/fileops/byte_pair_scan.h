@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+
+namespace FileSystem {
+
+/// Two bytes to look for at a fixed distance. A byte of the text fits when it equals the value once the bits
+/// of the mask are set in both: a mask of 0x20 lets "a" and "A" fit, and now and then something else.
+struct BytePair {
+  struct Part {
+    std::size_t offset;
+    unsigned char value;
+    unsigned char mask;
+  };
+  Part first;
+  Part second;
+
+  bool FitsAt(const unsigned char* text) const {
+    return (text[first.offset] | first.mask) == first.value &&
+           (text[second.offset] | second.mask) == second.value;
+  }
+};
+
+/// The first position from `from` on, before `end`, where the pair fits; `end` when there is none. The text
+/// reaches at least to the larger offset behind the last position.
+std::size_t ScanForPair(const BytePair& pair, const unsigned char* text, std::size_t from, std::size_t end);
+
+}  // namespace FileSystem

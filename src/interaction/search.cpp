@@ -1,0 +1,121 @@
+#include "interaction/search.h"
+
+#include "viewer/code_page.h"
+#include "viewer/mark_cells.h"
+#include "viewer/number_text.h"
+#include "viewer/refresh.h"
+
+namespace bwp {
+namespace {
+
+// The search's own place in the open file, next to the page's.
+class ViewFileSource : public FileSystem::ByteSource {
+ public:
+  ViewFileSource(const ViewFile& file, std::int64_t& position) : file_(file), position_(position) {}
+
+  std::size_t Read(void* bytes, std::size_t count) override {
+    const std::size_t got = file_.ReadAt(position_, bytes, count);
+    position_ += static_cast<std::int64_t>(got);
+    return got;
+  }
+
+ private:
+  const ViewFile& file_;
+  std::int64_t& position_;
+};
+
+// The label's texts are byte strings that may hold UTF-8, the fields' are of the program's character set.
+std::string Utf8(const std::string& text) {
+  std::string result;
+  for (const char byte : text) {
+    const unsigned character = code_page::ToUnicode(static_cast<std::uint8_t>(byte));
+    if (character < 0x80) {
+      result += static_cast<char>(character);
+    } else if (character < 0x800) {
+      result += {static_cast<char>(0xC0 | character >> 6U), static_cast<char>(0x80 | (character & 0x3FU))};
+    } else {
+      result +=
+          {static_cast<char>(0xE0 | character >> 12U), static_cast<char>(0x80 | (character >> 6U & 0x3FU)),
+           static_cast<char>(0x80 | (character & 0x3FU))};
+    }
+  }
+  return result;
+}
+
+std::string LabelOf(const SearchFields& fields) {
+  return "\nSearching String:  " + Utf8(fields.Atext) + "\nHEX:     " + Utf8(fields.Htext) +
+         "\nDecimal: " + Utf8(fields.Dtext);
+}
+
+// The cells keep their texts: only what the page shows of their colours changes.
+template <typename Colouring>
+void Recolour(Display& display, Colouring colouring) {
+  display.SetRedraw(false);
+  colouring();
+  display.SetRedraw(true);
+}
+
+void ShowFound(ViewState& state, Display& display, std::int64_t hit, std::size_t length) {
+  state.SWStart = funzioni::MaxOf({0, funzioni::MinOf({hit, state.FLen - kPageBytes})});
+  Refresh(state, display);
+  Recolour(display, [&] { ShowHit(state, hit, static_cast<std::int64_t>(length)); });
+}
+
+}  // namespace
+
+void Search::TermTyped(ViewState& state) {
+  state.FieldTyping = true;
+  NewSearch = true;
+}
+
+void Search::Run(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase) {
+  state.ForceRefresh = true;
+  state.NavKeyHeld = false;
+  const std::string term = SearchTerm(fields.Dtext);
+  if (term.empty() || state.OpenFile.empty()) return;
+
+  if (state.hit.length > 0) Recolour(services.display, [&] { ClearHit(state); });
+  Progress& progress = services.progress;
+  progress.SetCaption("Search");
+  progress.SetLabel(LabelOf(fields));
+  progress.Show();
+  progress.LetEventsRun();
+  const std::int64_t position = FindNext(state, progress, term, NoCase);
+  progress.SetBar(0);
+  progress.Hide();
+
+  if (progress.Aborted()) {
+    startOver_ = true;
+    services.notices.Tell("Search aborted", {}, Notices::Icon::kInformation);
+  } else if (position > -1) {
+    NewSearch = false;
+    ShowFound(state, services.display, position - 1, term.size());
+  } else {
+    NewSearch = true;
+    services.notices.Tell("String not found");
+    state.FieldTyping = false;
+  }
+  progress.ClearAbort();
+}
+
+void Search::FindClicked(ViewState& state, const Services& services, const SearchFields& fields,
+                         bool NoCase) {
+  state.FieldTyping = true;
+  Run(state, services, fields, NoCase);
+  state.FieldTyping = false;
+}
+
+// The 1-based position of the next match, or -1.
+std::int64_t Search::FindNext(const ViewState& state, Progress& progress, const std::string& term,
+                              bool NoCase) {
+  if (state.FLen == 0) return -1;
+  const bool restart = NewSearch || startOver_ || openings_ != state.openings;
+  if (restart) position_ = 0;
+  startOver_ = false;
+  openings_ = state.openings;
+  ViewFileSource source(state.file, position_);
+  return FileSystem::StreamFind(progress, found_, source, term, state.FLen, restart,
+                                NoCase ? FileSystem::Compare::kIgnoreCase : FileSystem::Compare::kBinary);
+}
+
+}  // namespace bwp
