@@ -1,0 +1,115 @@
+#include "interaction/forms/scroll_bar_widget.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+#include "interaction/forms/scroll_parts.h"
+#include "viewer/forms/units.h"
+#include "viewer/open_view_file.h"
+
+namespace bwp {
+namespace {
+
+constexpr int kBarWidth = 18;
+
+void Name(QWidget& widget, const QString& name, const QString& spoken, const QString& toolTip) {
+  widget.setObjectName(name);
+  widget.setAccessibleName(spoken);
+  widget.setToolTip(toolTip);
+}
+
+}  // namespace
+
+ScrollBarWidget::ScrollBarWidget(ViewState& state, Display& display, QWidget* parent)
+    : QWidget(parent), state_(state), timer_(this), bar_(state, display, timer_) {
+  auto* const VSUP = new LineButton(Qt::UpArrow, this);
+  auto* const VSDW = new LineButton(Qt::DownArrow, this);
+  VSBack_ = new ScrollTrack(this);
+  VSB_ = new ThumbHandle(VSBack_);
+  Name(*VSUP, QStringLiteral("VSUP"), QStringLiteral("Scroll up one line"),
+       QStringLiteral("Click to scroll Up one line"));
+  Name(*VSDW, QStringLiteral("VSDW"), QStringLiteral("Scroll down one line"),
+       QStringLiteral("Click to scroll Down one line"));
+  Name(*VSBack_, QStringLiteral("VSBack"), QStringLiteral("Scroll one page"),
+       QStringLiteral("Click to scroll one page "));
+  Name(*VSB_, QStringLiteral("VSB"), QStringLiteral("Scroll thumb"),
+       QStringLiteral("Drag to scroll data window"));
+
+  VSUP->onPress = [this] { bar_.PressLine(ScrollBar::Line::kUp); };
+  VSUP->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kUp); };
+  VSDW->onPress = [this] { bar_.PressLine(ScrollBar::Line::kDown); };
+  VSDW->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kDown); };
+  connect(&timer_.Timer(), &QTimer::timeout, this, [this] { bar_.HoldElapsed(); });
+  VSBack_->installEventFilter(this);
+  VSB_->installEventFilter(this);
+
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(VSUP);
+  column->addWidget(VSBack_, 1);
+  column->addWidget(VSDW);
+  VSUP->setFixedSize(kBarWidth, kBarWidth);
+  VSDW->setFixedSize(kBarWidth, kBarWidth);
+  setFixedWidth(kBarWidth);
+}
+
+void ScrollBarWidget::ShowThumb() {
+  VSB_->setGeometry(0, ToPixels(state_.thumb.top), VSBack_->width(), ToPixels(state_.thumb.height));
+}
+
+bool ScrollBarWidget::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == VSB_) return ThumbMouse(*event);
+  if (event->type() == QEvent::Resize) {
+    FitThumb(state_, ToUnits(VSBack_->height()));
+    ShowThumb();
+    return false;
+  }
+  return TrackMouse(*event);
+}
+
+bool ScrollBarWidget::TrackMouse(QEvent& event) {
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+      if (mouse.button() != Qt::LeftButton) return false;
+      bar_.PressTrack(ToUnits(mouse.position().x()), ToUnits(mouse.position().y()));
+      return true;
+    case QEvent::MouseButtonDblClick:
+      if (mouse.button() != Qt::LeftButton) return false;
+      bar_.DoubleClickTrack();
+      return true;
+    case QEvent::MouseButtonRelease:
+      if (mouse.button() != Qt::LeftButton) return false;
+      bar_.ReleaseTrack(ToUnits(mouse.position().y()));
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool ScrollBarWidget::ThumbMouse(QEvent& event) {
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      if (mouse.button() != Qt::LeftButton) return false;
+      bar_.PressThumb();
+      return true;
+    case QEvent::MouseButtonRelease:
+      if (mouse.button() != Qt::LeftButton) return false;
+      bar_.ReleaseThumb();
+      return true;
+    case QEvent::MouseMove: {
+      // Measured on the track, which stands still: the thumb moves under the pointer, by parts of a pixel.
+      const double onTrack = ToUnits(VSBack_->mapFromGlobal(mouse.globalPosition()).y());
+      bar_.DragThumb(mouse.buttons() != Qt::NoButton, onTrack - state_.thumb.top);
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+}  // namespace bwp

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QWidget>
+
+#include "interaction/forms/hold_timer.h"
+#include "interaction/scroll_bar.h"
+
+namespace bwp {
+
+/// The main form's scroll bar: the line buttons `VSUP` and `VSDW`, and between them the track `VSBack` with
+/// the thumb `VSB`. It sizes the thumb to its track itself; ShowThumb puts it where the view state has it.
+class ScrollBarWidget : public QWidget {
+ public:
+  ScrollBarWidget(ViewState& state, Display& display, QWidget* parent = nullptr);
+
+  /// The thumb's place or height changed, or the bar was enabled or disabled.
+  void ShowThumb();
+
+  /// `TimVSCR`, which the keys that scroll share.
+  HoldTimer& Timer() { return timer_; }
+
+  /// The window lost the focus.
+  void LetGo() { bar_.LetGo(); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool TrackMouse(QEvent& event);
+  bool ThumbMouse(QEvent& event);
+
+  ViewState& state_;
+  QtHoldTimer timer_;
+  ScrollBar bar_;
+  QWidget* VSBack_;
+  QWidget* VSB_;
+};
+
+}  // namespace bwp
