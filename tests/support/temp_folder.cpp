@@ -13,8 +13,15 @@ namespace bwp::test {
 namespace fs = std::filesystem;
 
 TempFolder::TempFolder(const std::string& under) {
-  std::string name = (under.empty() ? fs::temp_directory_path().string() : under) + "/bytewarp-test-XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test: " + name);
+  const std::string stem = (under.empty() ? fs::temp_directory_path().string() : under) + "/bytewarp-test-";
+  // Part names take the first digit of a path for their number, so the folder's name has none.
+  std::string name;
+  for (bool digit = true; digit;) {
+    name = stem + "XXXXXX";
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test: " + name);
+    digit = name.find_first_of("0123456789", stem.size()) != std::string::npos;
+    if (digit) fs::remove(name);
+  }
   path_ = name + "/";
 }
 

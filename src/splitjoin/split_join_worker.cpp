@@ -1,0 +1,193 @@
+#include "splitjoin/split_join_worker.h"
+
+#include <cerrno>
+#include <filesystem>
+
+#include "fileops/file_system.h"
+#include "fileops/held_file.h"
+#include "splitjoin/names_text.h"
+#include "splitjoin/part_names.h"
+#include "viewer/number_text.h"
+#include "viewer/open_view_file.h"
+#include "viewer/paths.h"
+#include "viewer/refresh.h"
+#include "viewer/run_time_error.h"
+
+namespace bwp {
+namespace {
+
+using FileSystem::ReadStream;
+using FileSystem::WriteStream;
+using funzioni::MinOf;
+using funzioni::SignPadded;
+
+std::string StepOf(std::int64_t step, std::int64_t steps) {
+  return ", step " + SignPadded(step) + " of " + SignPadded(steps);
+}
+
+// A part or a result never takes the place of the file that is shown.
+WriteStream Create(const ViewState& state, const Disk& disk, const std::string& path) {
+  RefuseOverwriteOfOpenFile(state, path);
+  return {disk, path};
+}
+
+void Delete(const ViewState& state, const Disk& disk, const std::string& path) {
+  RefuseDeletionOfOpenFile(state, path);
+  if (disk.Delete(path) != 0) throw RunTimeErrorFromErrno(errno, path);
+}
+
+// One file, by its identity or, where it is not there yet, by its path.
+bool SameFile(const std::string& one, const std::string& other) {
+  const auto identity = IdentityOf(one);
+  if (identity) return identity == IdentityOf(other);
+  std::error_code failed;
+  const auto place = std::filesystem::weakly_canonical(one, failed);
+  return !failed && place == std::filesystem::weakly_canonical(other, failed);
+}
+
+}  // namespace
+
+SplitJoinWorker::SplitJoinWorker(ViewState& state, const Services& services, const SplitPlan& plan,
+                                 SplitJoinJob& job, SplitJoinWindows& windows)
+    : state_(state), services_(services), plan_(plan), job_(job), windows_(windows) {}
+
+void SplitJoinWorker::Tick() {
+  if (!job_.confirmed) return;
+  job_.confirmed = false;
+  if (job_.action == kSplitAction) {
+    Split();
+  } else if (job_.action == kDeleteAndSplitAction) {
+    DeleteOldParts();
+  } else if (job_.action == kJoinAction) {
+    Join();
+  } else if (job_.action == kDeleteAndJoinAction) {
+    DeleteDestination();
+  }
+}
+
+void SplitJoinWorker::Split() {
+  job_.action.clear();
+  windows_.HideFsel();
+  const std::int64_t partSize = plan_.PartSize();
+  if (partSize <= 0) throw MakeRunTimeError(kDivisionByZero);
+  WriteParts(partSize);
+  services_.progress.Hide();
+  services_.notices.Tell(services_.progress.Aborted() ? "Split aborted" : "Split successfully completed");
+  services_.progress.ClearAbort();
+}
+
+void SplitJoinWorker::WriteParts(std::int64_t partSize) {
+  Progress& progress = services_.progress;
+  const std::int64_t total = state_.FLen;
+  const PartNames names = SplitNames(job_.names);
+  ReadStream source(state_.OpenFile);
+  progress.Show();
+  progress.SetBar(0);
+  progress.LetEventsRun();
+
+  const std::int64_t steps = total / partSize + MinOf({1, total % partSize});
+  std::int64_t number = names.first;
+  std::int64_t step = 1;
+  std::int64_t done = 0;
+  do {
+    const std::string path = names.Name(number);
+    WriteStream part = Create(state_, services_.disk, path);
+    progress.SetCaption("Split file" + StepOf(step, steps));
+    progress.SetLabel("Creating file " + funzioni::NameOf(path));
+    FileSystem::StreamCopy(progress, source, part, MinOf({partSize, total - done}));
+    progress.SetBar(0);
+    done += partSize;
+    ++number;
+    ++step;
+    part.Close();
+  } while (done < total && !progress.Aborted());
+}
+
+void SplitJoinWorker::DeleteOldParts() {
+  windows_.HideFsel();
+  const PartNames names = DeletionNames(job_.names);
+  // The first missing number ends it: what an earlier, longer split left beyond a gap stays.
+  for (std::int64_t number = names.first;; ++number) {
+    const std::string path = names.Name(number);
+    if (!funzioni::FileExists(path)) break;
+    Delete(state_, services_.disk, path);
+  }
+  job_.action = kSplitAction;
+  job_.confirmed = true;
+}
+
+void SplitJoinWorker::DeleteDestination() {
+  RefuseOwnSource(NamesToJoin());
+  job_.confirmed = true;
+  Delete(state_, services_.disk, job_.destination);
+  job_.action = kJoinAction;
+}
+
+void SplitJoinWorker::Join() {
+  windows_.HideDivide();
+  const std::vector<std::string> names = NamesToJoin();
+  RefuseOwnSource(names);
+  WriteResult(names);
+  if (services_.progress.Aborted()) {
+    services_.notices.Tell("Join aborted");
+  } else {
+    ShowResult();
+  }
+  services_.progress.ClearAbort();
+}
+
+void SplitJoinWorker::WriteResult(const std::vector<std::string>& names) {
+  Progress& progress = services_.progress;
+  WriteStream result = Create(state_, services_.disk, job_.destination);
+  progress.SetCaption("Joining files");
+  progress.Show();
+  progress.LetEventsRun();
+  const auto count = static_cast<std::int64_t>(names.size());
+  std::int64_t step = 1;
+  for (const std::string& name : names) {
+    progress.SetCaption("Joining files" + StepOf(step, count));
+    progress.SetLabel("Joining file " + name + " to " + funzioni::NameOf(job_.destination));
+    progress.LetEventsRun();
+    ReadStream source(state_.LastFolder + name);
+    FileSystem::StreamCopy(progress, source, result, source.Length());
+    progress.SetBar(0);
+    ++step;
+  }
+  progress.Hide();
+  result.Close();
+}
+
+// The result becomes the open file, unless it is longer than the program can show.
+void SplitJoinWorker::ShowResult() {
+  const bool tooLarge = ReadStream(job_.destination).Length() > kMaxFileLength;
+  if (!tooLarge) OpenViewFile(state_, job_.destination);
+  windows_.HideFjoin();
+  Refresh(state_, services_.display);
+  if (tooLarge) {
+    TellTooLarge(services_.notices);
+  } else {
+    services_.notices.Tell("Join successful");
+  }
+}
+
+// The names as given or, for a single one, its file and the consecutive ones up to the first that is missing.
+std::vector<std::string> SplitJoinWorker::NamesToJoin() const {
+  std::vector<std::string> names = ParseNames(job_.names);
+  if (names.size() != 1) return names;
+  const PartNames parts = JoinNames(names.front());
+  for (std::int64_t number = parts.first + 1;; ++number) {
+    const std::string name = parts.Name(number);
+    if (!funzioni::FileExists(state_.LastFolder + name)) return names;
+    names.push_back(name);
+  }
+}
+
+void SplitJoinWorker::RefuseOwnSource(const std::vector<std::string>& names) const {
+  for (const std::string& name : names) {
+    if (SameFile(state_.LastFolder + name, job_.destination)) {
+      throw MakeRunTimeError(kPermissionDenied, job_.destination);
+    }
+  }
+}
+
+}  // namespace bwp

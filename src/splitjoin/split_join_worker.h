@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "fileops/services.h"
+#include "splitjoin/split_join_job.h"
+#include "splitjoin/split_plan.h"
+#include "viewer/view_state.h"
+
+namespace bwp {
+
+/// The tool's windows, as far as the worker closes them.
+class SplitJoinWindows {
+ public:
+  virtual ~SplitJoinWindows() = default;
+  virtual void HideDivide() = 0;
+  virtual void HideFsel() = 0;
+  virtual void HideFjoin() = 0;
+};
+
+/// Carries out the jobs of the split and join tool, on a timer and never inside a button's click, so that the
+/// window with the question is gone before the copying begins.
+class SplitJoinWorker {
+ public:
+  SplitJoinWorker(ViewState& state, const Services& services, const SplitPlan& plan, SplitJoinJob& job,
+                  SplitJoinWindows& windows);
+
+  /// Does nothing until the job is confirmed; then does all of it, or the deletion that comes before it and
+  /// confirms the rest for the next tick. A tick that comes while events run during a job does nothing.
+  /// Throws the platform's error; what was already written stays.
+  void Tick();
+
+ private:
+  void Split();
+  void WriteParts(std::int64_t partSize);
+  void DeleteOldParts();
+  void Join();
+  void WriteResult(const std::vector<std::string>& names);
+  void ShowResult();
+  void DeleteDestination();
+  std::vector<std::string> NamesToJoin() const;
+  void RefuseOwnSource(const std::vector<std::string>& names) const;
+
+  ViewState& state_;
+  Services services_;
+  const SplitPlan& plan_;
+  SplitJoinJob& job_;
+  SplitJoinWindows& windows_;
+};
+
+}  // namespace bwp

@@ -1,0 +1,67 @@
+#include "fileops/held_file.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "support/temp_folder.h"
+#include "viewer/open_view_file.h"
+#include "viewer/run_time_error.h"
+
+namespace {
+
+class HeldFile : public testing::Test {
+ protected:
+  HeldFile() {
+    bwp::OpenViewFile(state, folder.Write("open", "bytes"));
+    EXPECT_EQ(symlink((folder / "open").c_str(), (folder / "symbolic").c_str()), 0);
+    EXPECT_EQ(link((folder / "open").c_str(), (folder / "hard").c_str()), 0);
+    folder.Write("other", "bytes");
+  }
+  bool MayOverwrite(const std::string& path) { return Passes(bwp::RefuseOverwriteOfOpenFile, path); }
+  bool MayDelete(const std::string& path) { return Passes(bwp::RefuseDeletionOfOpenFile, path); }
+  bool Passes(void (*refuse)(const bwp::ViewState&, const std::string&), const std::string& path) {
+    try {
+      refuse(state, path);
+      return true;
+    } catch (const bwp::RunTimeError& error) {
+      EXPECT_EQ(error.number, 70);
+      EXPECT_EQ(error.path, path);
+      return false;
+    }
+  }
+
+  bwp::test::TempFolder folder;
+  bwp::ViewState state;
+};
+
+TEST_F(HeldFile, IsNotOverwrittenByAnyName) {
+  EXPECT_FALSE(MayOverwrite(folder / "open"));
+  EXPECT_FALSE(MayOverwrite(folder / "./open"));
+  EXPECT_FALSE(MayOverwrite(folder / "symbolic"));
+  EXPECT_FALSE(MayOverwrite(folder / "hard"));
+  EXPECT_TRUE(MayOverwrite(folder / "other"));
+  EXPECT_TRUE(MayOverwrite(folder / "none"));
+}
+
+TEST_F(HeldFile, LosesNoEntryButItsLinks) {
+  EXPECT_FALSE(MayDelete(folder / "open"));
+  EXPECT_FALSE(MayDelete(folder / "./open"));
+  EXPECT_TRUE(MayDelete(folder / "symbolic"));
+  EXPECT_TRUE(MayDelete(folder / "hard"));
+  EXPECT_TRUE(MayDelete(folder / "other"));
+  EXPECT_TRUE(MayDelete(folder / "none"));
+}
+
+TEST_F(HeldFile, IsTheTargetWhenItWasOpenedByALink) {
+  bwp::OpenViewFile(state, folder / "symbolic");
+  EXPECT_TRUE(MayDelete(folder / "symbolic"));
+  EXPECT_FALSE(MayDelete(folder / "open"));
+}
+
+TEST_F(HeldFile, IsFreeOnceItIsClosed) {
+  bwp::CloseViewFile(state);
+  EXPECT_TRUE(MayOverwrite(folder / "open"));
+  EXPECT_TRUE(MayDelete(folder / "open"));
+}
+
+}  // namespace
