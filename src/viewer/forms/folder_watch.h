@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <QObject>
+
+namespace bwp {
+
+/// Tells when names come to a folder or go from it. Unlike the toolkit's watcher it takes any path, also one
+/// that is no text. A folder that cannot be watched is silently not watched.
+class FolderWatch : public QObject {
+ public:
+  FolderWatch(const std::string& folder, std::function<void()> onChange);
+  ~FolderWatch() override;
+
+ private:
+  /// Takes the events that wait; what they say does not matter.
+  void Drain() const;
+
+  int descriptor_;
+};
+
+}  // namespace bwp

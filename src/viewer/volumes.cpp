@@ -1,0 +1,112 @@
+#include "viewer/volumes.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <sstream>
+#include <sys/stat.h>
+
+#include "viewer/paths.h"
+
+namespace bwp {
+namespace {
+
+// File systems that the kernel or a service makes up: nothing in them is a file to look into.
+constexpr std::array<std::string_view, 25> kMadeUp = {
+    "autofs",  "binfmt_misc", "bpf",        "cgroup",       "cgroup2",    "configfs",  "debugfs",
+    "devpts",  "devtmpfs",    "efivarfs",   "fusectl",      "hugetlbfs",  "mqueue",    "nsfs",
+    "proc",    "pstore",      "ramfs",      "rpc_pipefs",   "securityfs", "selinuxfs", "sysfs",
+    "tracefs", "fuse.portal", "fuse.lxcfs", "fuse.snapfuse"};
+
+// Places where even a true file system serves the system alone.
+constexpr std::array<std::string_view, 4> kSystemPlaces = {"/proc", "/sys", "/dev", "/snap"};
+
+struct Mount {
+  std::string root;
+  std::string point;
+  std::string type;
+};
+
+// Blanks and the like stand in the table as a backslash and three octal digits.
+std::string Unescaped(const std::string& text) {
+  const auto octal = [&text](std::size_t at) {
+    return at < text.size() && text[at] >= '0' && text[at] <= '7';
+  };
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\\' && octal(i + 1) && octal(i + 2) && octal(i + 3)) {
+      plain += static_cast<char>((text[i + 1] - '0') * 64 + (text[i + 2] - '0') * 8 + (text[i + 3] - '0'));
+      i += 3;
+    } else {
+      plain += text[i];
+    }
+  }
+  return plain;
+}
+
+// A line: number, parent, device, root, mount point, options, any number of fields, "-", type and more.
+bool Read(const std::string& line, Mount& mount) {
+  std::istringstream fields(line);
+  std::string skipped;
+  fields >> skipped >> skipped >> skipped >> mount.root >> mount.point;
+  while (fields >> skipped && skipped != "-") {
+  }
+  mount.point = Unescaped(mount.point);
+  return static_cast<bool>(fields >> mount.type);
+}
+
+bool LiesIn(std::string_view path, std::string_view folder) {
+  if (folder == "/") return true;
+  return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+bool IsFolder(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool HoldsFiles(const Mount& mount) {
+  const auto holds = [&mount](std::string_view place) { return LiesIn(mount.point, place); };
+  if (std::find(kMadeUp.begin(), kMadeUp.end(), mount.type) != kMadeUp.end()) return false;
+  if (std::any_of(kSystemPlaces.begin(), kSystemPlaces.end(), holds)) return false;
+  if (mount.type == "tmpfs" && LiesIn(mount.point, "/run")) return false;
+  // Only a part of a volume can be mounted over a single file. Whole ones are not looked at: a network volume
+  // whose server is away would keep the program waiting.
+  return mount.root == "/" || IsFolder(mount.point);
+}
+
+}  // namespace
+
+std::vector<std::string> VolumesIn(std::string_view mountInfo) {
+  std::vector<std::string> volumes = {"/"};
+  std::istringstream lines{std::string(mountInfo)};
+  for (std::string line; std::getline(lines, line);) {
+    Mount mount;
+    if (!Read(line, mount) || mount.point == "/") continue;
+    // What is mounted later hides what was mounted there before.
+    std::erase(volumes, mount.point);
+    if (HoldsFiles(mount)) volumes.push_back(mount.point);
+  }
+  std::sort(volumes.begin(), volumes.end());
+  return volumes;
+}
+
+std::vector<std::string> Volumes() {
+  std::ifstream table("/proc/self/mountinfo");
+  return VolumesIn(std::string(std::istreambuf_iterator<char>(table), {}));
+}
+
+std::string VolumeOf(const std::vector<std::string>& volumes, const std::string& folder) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(folder.c_str(), nullptr), &std::free);
+  const std::string place = resolved ? resolved.get() : folder;
+  std::string best = "/";
+  for (const std::string& volume : volumes) {
+    if (LiesIn(place, volume) && volume.size() > best.size()) best = volume;
+  }
+  return best;
+}
+
+}  // namespace bwp
