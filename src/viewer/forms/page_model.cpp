@@ -2,7 +2,7 @@
 
 #include <QColor>
 
-#include "viewer/forms/page_painter.h"
+#include "viewer/forms/cell_painting.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {

@@ -1,137 +1,101 @@
 #include "viewer/forms/page_painter.h"
 
-#include <cmath>
-
-#include <QGlyphRun>
-
-#include "viewer/forms/units.h"
+#include "viewer/forms/cell_painting.h"
 
 namespace bwp {
 namespace {
 
-constexpr double kOffsetWidth = 1240;  // form units
-constexpr double kValueWidth = 500;    // form units
-// Pixels between a text and the line at its right.
-constexpr int kPadding = 2;
-constexpr int kLine = 1;
-// The longest text of the offset column: a decimal offset.
-constexpr int kOffsetCharacters = 10;
+// Pictures pay off for who turns pages; the first pages come sooner, and take less memory, without them.
+constexpr int kPagesWithoutPictures = 3;
 
-CellGeometry MakeGeometry(const GlyphCache& glyphs) {
-  CellGeometry geometry;
-  const int charWidth = static_cast<int>(std::ceil(glyphs.Advance())) + 2 * kPadding + kLine;
-  for (int column = 0; column < kColumns; ++column) {
-    const int width = column == kOffsetColumn     ? ToPixels(kOffsetWidth)
-                      : column < kFirstCharColumn ? ToPixels(kValueWidth)
-                                                  : charWidth;
-    geometry.left[static_cast<std::size_t>(column) + 1] =
-        geometry.left[static_cast<std::size_t>(column)] + width;
-  }
-  const int textHeight = static_cast<int>(std::ceil(glyphs.Ascent()) + std::ceil(glyphs.Descent()));
-  geometry.rowHeight = textHeight + kLine;
-  geometry.baseline = static_cast<int>(std::ceil(glyphs.Ascent()));
-  return geometry;
+QColor ThemeColour(const QPalette& palette, QPalette::ColorRole role) {
+  return palette.color(QPalette::Active, role);  // also while the grid is disabled
+}
+
+// Device pixels for a logical one; asked of the transformation, because a painter may have been redirected to
+// a device with another ratio than the widget's. 0 where it is more than a scaling.
+double RatioOf(const QPainter& painter) {
+  const QTransform transform = painter.deviceTransform();
+  return transform.type() <= QTransform::TxScale && transform.m11() == transform.m22() ? transform.m11() : 0;
 }
 
 }  // namespace
 
-QFont PagePainter::Font() {
-  return FixedFontFitting(kOffsetCharacters, ToPixels(kOffsetWidth) - kPadding - kLine);
-}
-
-PagePainter::PagePainter() : glyphs_(Font()), geometry_(MakeGeometry(glyphs_)) {}
+PagePainter::PagePainter()
+    : glyphs_(CellFont()),
+      geometry_(glyphs_),
+      pictures_(glyphs_, geometry_),
+      themeTexts_(glyphs_),
+      byteTexts_(glyphs_) {}
 
 void PagePainter::PaintPage(QPainter& painter, const PageGrid& grid, const QPalette& palette) {
-  PaintBackgrounds(painter, grid, palette.color(QPalette::Active, QPalette::Base));
-  painter.fillRect(0, 0, geometry_.Right(kOffsetColumn), kRows * geometry_.rowHeight,
-                   palette.color(QPalette::Active, QPalette::Button));
-  PaintLines(painter, kRows, palette);
-  for (int row = 0; row < kRows; ++row) {
-    PlaceText(offsets_, grid.Text(row, kOffsetColumn), row, kOffsetColumn);
-    for (int column = kFirstValueColumn; column < kColumns; ++column) {
-      PlaceText(bytes_, grid.Text(row, column), row, column);
-    }
+  if (pages_ < kPagesWithoutPictures) {
+    ++pages_;
+  } else {
+    pictures_.SetRatio(RatioOf(painter));
   }
-  Draw(painter, offsets_, palette.color(QPalette::Active, QPalette::ButtonText));
-  Draw(painter, bytes_, Qt::black);
+  withoutPicture_.clear();
+  BlitPictures(painter, grid);
+  const QColor empty = ThemeColour(palette, QPalette::Base);
+  for (const Cell& cell : withoutPicture_) PaintByteCell(painter, grid, cell, empty);
+  for (int row = 0; row < kRows; ++row) {
+    PaintThemeCell(painter, {row, kOffsetColumn}, grid.Text(row, kOffsetColumn), palette);
+  }
+  themeTexts_.Draw(painter, ThemeColour(palette, QPalette::ButtonText));
+  byteTexts_.Draw(painter, Qt::black);
 }
 
 void PagePainter::PaintRuler(QPainter& painter, bool hex, const QPalette& palette) {
-  painter.fillRect(0, 0, geometry_.Right(kColumns - 1), geometry_.rowHeight,
-                   palette.color(QPalette::Active, QPalette::Button));
-  PaintLines(painter, 1, palette);
-  PlaceText(offsets_, "Offset", 0, kOffsetColumn);
+  PaintThemeCell(painter, {0, kOffsetColumn}, "Offset", palette);
   for (int column = kFirstValueColumn; column < kColumns; ++column) {
-    PlaceText(offsets_, RulerLabel(column, hex), 0, column);
+    PaintThemeCell(painter, {0, column}, RulerLabel(column, hex), palette);
   }
-  Draw(painter, offsets_, palette.color(QPalette::Active, QPalette::ButtonText));
+  themeTexts_.Draw(painter, ThemeColour(palette, QPalette::ButtonText));
 }
 
-void PagePainter::PlaceText(Texts& texts, std::string_view text, int row, int column) const {
-  const double width = glyphs_.Advance() * static_cast<double>(text.size());
-  double x = std::floor(geometry_.Right(column) - kLine - kPadding - width);
-  const double y = row * geometry_.rowHeight + geometry_.baseline;
-  for (const char character : text) {
-    const quint32 glyph = glyphs_.Glyph(static_cast<std::uint8_t>(character));
-    if (glyph != GlyphCache::kNothing) {
-      texts.glyphs.push_back(glyph);
-      texts.places.emplace_back(x, y);
-    }
-    x += glyphs_.Advance();
-  }
+QRect PagePainter::PlaceOf(Cell cell) const {
+  return {geometry_.Left(cell.column), cell.row * geometry_.rowHeight, geometry_.Width(cell.column),
+          geometry_.rowHeight};
 }
 
-void PagePainter::Draw(QPainter& painter, Texts& texts, const QColor& colour) {
-  if (!texts.glyphs.empty()) {
-    QGlyphRun run;
-    run.setRawFont(glyphs_.Font());
-    run.setRawData(texts.glyphs.data(), texts.places.data(), static_cast<int>(texts.glyphs.size()));
-    painter.setPen(colour);
-    painter.drawGlyphRun({}, run);
-  }
-  texts.glyphs.clear();
-  texts.places.clear();
-}
-
-void PagePainter::PaintBackgrounds(QPainter& painter, const PageGrid& grid, const QColor& empty) const {
-  const auto colourAt = [&](int row, int column) {
-    const Colour colour = grid.Background(row, column);
-    const bool holdsNothing = colour == kValueColour && grid.Text(row, column).empty();
-    return holdsNothing ? empty.rgb() : ToQColor(colour).rgb();
-  };
-  // Neighbours of one colour are one rectangle.
+void PagePainter::BlitPictures(QPainter& painter, const PageGrid& grid) {
+  const int ratio = pictures_.Ratio();
+  // In the device's own pixels: the toolkit would scale a part of an image, even by one to one.
+  painter.save();
+  if (ratio > 0) painter.scale(1.0 / ratio, 1.0 / ratio);
   for (int row = 0; row < kRows; ++row) {
-    for (int first = kFirstValueColumn; first < kColumns;) {
-      const QRgb colour = colourAt(row, first);
-      int next = first + 1;
-      while (next < kColumns && colourAt(row, next) == colour) ++next;
-      painter.fillRect(geometry_.Left(first), row * geometry_.rowHeight,
-                       geometry_.Left(next) - geometry_.Left(first), geometry_.rowHeight, QColor(colour));
-      first = next;
+    for (int column = kFirstValueColumn; column < kColumns; ++column) {
+      const bool character = column >= kFirstCharColumn;
+      const bool ownColour = grid.Background(row, column) == (character ? kCharColour : kValueColour);
+      const auto picture = ownColour ? pictures_.Find(grid.Text(row, column), character) : std::nullopt;
+      if (picture) {
+        const QPoint place(geometry_.Left(column) * ratio, row * geometry_.rowHeight * ratio);
+        painter.drawImage(place, *picture->image, picture->source);
+      } else {
+        withoutPicture_.push_back({row, column});
+      }
     }
   }
+  painter.restore();
 }
 
-void PagePainter::PaintLines(QPainter& painter, int rows, const QPalette& palette) const {
-  const QColor ofTheme = palette.color(QPalette::Active, QPalette::Mid);
-  const QColor ofCells(200, 200, 200);
-  const int height = rows * geometry_.rowHeight;
-  const int width = geometry_.Right(kColumns - 1);
-  const int cells = geometry_.Right(kOffsetColumn);
-  for (int row = 1; row <= rows; ++row) {
-    const int y = row * geometry_.rowHeight - kLine;
-    painter.fillRect(0, y, cells, kLine, ofTheme);
-    painter.fillRect(cells, y, width - cells, kLine, ofCells);
-  }
-  for (int column = 0; column < kColumns; ++column) {
-    painter.fillRect(geometry_.Right(column) - kLine, 0, kLine, height,
-                     column == kOffsetColumn ? ofTheme : ofCells);
-  }
+void PagePainter::PaintByteCell(QPainter& painter, const PageGrid& grid, Cell cell, const QColor& empty) {
+  const std::string_view text = grid.Text(cell.row, cell.column);
+  const Colour colour = grid.Background(cell.row, cell.column);
+  const bool holdsNothing = text.empty() && colour == kValueColour;
+  PaintBlankCell(painter, PlaceOf(cell), holdsNothing ? empty : ToQColor(colour), kCellLineColour);
+  AddText(byteTexts_, cell, text);
 }
 
-QColor ToQColor(Colour colour) {
-  return {static_cast<int>(colour & 0xFFU), static_cast<int>((colour >> 8U) & 0xFFU),
-          static_cast<int>((colour >> 16U) & 0xFFU)};
+void PagePainter::PaintThemeCell(QPainter& painter, Cell cell, std::string_view text,
+                                 const QPalette& palette) {
+  PaintBlankCell(painter, PlaceOf(cell), ThemeColour(palette, QPalette::Button),
+                 ThemeColour(palette, QPalette::Mid));
+  AddText(themeTexts_, cell, text);
+}
+
+void PagePainter::AddText(GlyphRun& run, Cell cell, std::string_view text) const {
+  run.Add(text, geometry_.TextRight(cell.column), cell.row * geometry_.rowHeight + geometry_.baseline);
 }
 
 }  // namespace bwp

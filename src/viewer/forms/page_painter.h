@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string_view>
 #include <vector>
 
@@ -8,34 +7,22 @@
 #include <QPainter>
 #include <QPalette>
 
+#include "viewer/forms/cell_geometry.h"
+#include "viewer/forms/cell_pictures.h"
 #include "viewer/forms/glyph_cache.h"
+#include "viewer/forms/glyph_run.h"
 #include "viewer/page_grid.h"
 
 namespace bwp {
 
-/// Where the cells of the page and of its ruler stand, in logical pixels. A cell includes the grid line at
-/// its right and its bottom.
-struct CellGeometry {
-  std::array<int, kColumns + 1> left{};  ///< Left edge of every column; the last is the width of all.
-  int rowHeight = 0;
-  int baseline = 0;  ///< From a row's top.
-
-  int Width(int column) const {
-    const auto index = static_cast<std::size_t>(column);
-    return left[index + 1] - left[index];
-  }
-  int Left(int column) const { return left[static_cast<std::size_t>(column)]; }
-  int Right(int column) const { return left[static_cast<std::size_t>(column) + 1]; }
-};
-
-/// Draws the page and the ruler cell by cell from cached glyphs: all backgrounds, the grid lines, then all
-/// texts of one colour in one go. It keeps its buffers, so that a page costs no allocation.
+/// Draws the page and the ruler cell by cell: as ready pictures where there are any, else the ground, the
+/// grid lines and, all in one go, the glyphs.
 class PagePainter {
  public:
-  /// The font that fits the columns: the desktop's fixed-pitch font.
-  static QFont Font();
-
   PagePainter();
+  PagePainter(const PagePainter&) = delete;
+  PagePainter& operator=(const PagePainter&) = delete;
+
   const CellGeometry& Geometry() const { return geometry_; }
 
   /// Draws all rows of the page at the painter's origin. Given colours keep dark text in every theme; the
@@ -46,23 +33,23 @@ class PagePainter {
   void PaintRuler(QPainter& painter, bool hex, const QPalette& palette);
 
  private:
-  struct Texts {
-    std::vector<quint32> glyphs;
-    std::vector<QPointF> places;
+  struct Cell {
+    int row;
+    int column;
   };
-
-  void PlaceText(Texts& texts, std::string_view text, int row, int column) const;
-  void Draw(QPainter& painter, Texts& texts, const QColor& colour);
-  void PaintBackgrounds(QPainter& painter, const PageGrid& grid, const QColor& empty) const;
-  void PaintLines(QPainter& painter, int rows, const QPalette& palette) const;
+  QRect PlaceOf(Cell cell) const;
+  void BlitPictures(QPainter& painter, const PageGrid& grid);
+  void PaintByteCell(QPainter& painter, const PageGrid& grid, Cell cell, const QColor& empty);
+  void PaintThemeCell(QPainter& painter, Cell cell, std::string_view text, const QPalette& palette);
+  void AddText(GlyphRun& run, Cell cell, std::string_view text) const;
 
   GlyphCache glyphs_;
   CellGeometry geometry_;
-  Texts offsets_;
-  Texts bytes_;
+  CellPictures pictures_;
+  GlyphRun themeTexts_;
+  GlyphRun byteTexts_;
+  std::vector<Cell> withoutPicture_;  // a buffer of PaintPage
+  int pages_ = 0;
 };
-
-/// The toolkit's colour of a blue-green-red number.
-QColor ToQColor(Colour colour);
 
 }  // namespace bwp

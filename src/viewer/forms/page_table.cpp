@@ -58,7 +58,7 @@ void PageTable::PaintCurrentCell(QPainter& painter) {
 
 void LayOutLikePage(QTableView& view, const CellGeometry& geometry, int rows) {
   view.setLayoutDirection(Qt::LeftToRight);
-  view.setFont(PagePainter::Font());
+  view.setFont(CellFont());
   view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -94,7 +94,7 @@ TEST(PageTable, ColumnsHaveTheirGivenWidthsAndAllRowsAreSeen) {
 }
 
 TEST(PageTable, TenDigitsFitTheOffsetColumn) {
-  EXPECT_LE(QFontMetricsF(bwp::PagePainter::Font()).horizontalAdvance(QStringLiteral("2147483647")), 80);
+  EXPECT_LE(QFontMetricsF(bwp::CellFont()).horizontalAdvance(QStringLiteral("2147483647")), 80);
 }
 
 TEST(PageTable, APageIsOneChangeNotice) {
@@ -237,6 +237,48 @@ TEST(PageTable, LooksTheSameDisabledAndShowsTheCurrentCellEnabled) {
   EXPECT_NE(Picture(table), disabled);
   table.setEnabled(false);
   EXPECT_EQ(Picture(table), disabled);
+}
+
+QImage PictureAt(PageTable& table, double ratio) {
+  QImage picture((QSizeF(table.viewport()->size()) * ratio).toSize(), QImage::Format_RGB32);
+  picture.setDevicePixelRatio(ratio);
+  table.viewport()->render(&picture);
+  return picture;
+}
+
+// After some pages the painter takes ready pictures of cells; nobody may see when.
+void EveryPageLooksTheSame(bool hex, double ratio) {
+  bwp::PageGrid grid;
+  for (int row = 0; row < 29; ++row) grid.SetText(row, 0, "0000ABC0");
+  for (int position = 0; position < 460; ++position) {
+    grid.WriteByte(position, static_cast<std::uint8_t>(position), hex);
+  }
+  grid.ColourByte(7, bwp::kMarkStartColour, bwp::kMarkStartColour);
+  grid.SetText(3, 3, "A");
+  grid.SetText(3, 4, "");
+  PageTable table(grid);
+  table.show();
+  const QImage first = PictureAt(table, ratio);
+  for (int page = 2; page <= 6; ++page) ASSERT_EQ(PictureAt(table, ratio), first) << page << " at " << ratio;
+}
+
+TEST(PageTable, EveryPageLooksLikeTheFirstOne) {
+  for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
+    EveryPageLooksTheSame(true, ratio);
+    EveryPageLooksTheSame(false, ratio);
+  }
+}
+
+TEST(PageTable, PicturesFollowTheDevicePixelRatio) {
+  bwp::PageGrid grid;
+  FillHex(grid);
+  PageTable table(grid);
+  table.show();
+  const QImage single = PictureAt(table, 1);
+  const QImage twofold = PictureAt(table, 2);
+  for (int page = 0; page < 4; ++page) PictureAt(table, 1);
+  EXPECT_EQ(PictureAt(table, 2), twofold);
+  EXPECT_EQ(PictureAt(table, 1), single);
 }
 
 TEST(PageTable, CellsSayWhatTheyAreToAScreenReader) {
