@@ -10,6 +10,7 @@
 #include "app/configuration.h"
 #include "app/forms/read_me.h"
 #include "app/start_up.h"
+#include "fileops/rescue_buffer.h"
 #include "viewer/forms/page_table.h"
 #include "viewer/forms/ruler.h"
 #include "viewer/forms/text_conversion.h"
@@ -57,7 +58,7 @@ void MainForm::Start(const std::string& commandLine) {
 }
 
 std::string MainForm::RescueBuffer() const {
-  return {};
+  return bwp::RescueBuffer(state_, disk_).note;
 }
 
 void MainForm::EnableCommands() {

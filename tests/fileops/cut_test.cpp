@@ -1,0 +1,271 @@
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "fileops/buffer_operations.h"
+#include "support/workplace.h"
+
+namespace {
+
+using bwp::CutChunk;
+using bwp::test::ErrorOf;
+using bwp::test::PatternBytes;
+using bwp::test::Transcript;
+using bwp::test::Workplace;
+
+constexpr std::size_t kBlock = 1'048'576;
+constexpr const char* kMemory = "/dev/shm";  // Where many rounds do not wear out a disk.
+const std::vector<std::string> kOnlyTheFile{"data"};
+const std::vector<std::string> kNothing;
+
+TEST(Cut, FromTheMiddleTakesThreeSteps) {
+  Workplace place("0123456789");
+  place.Mark(3, 5);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(), (Transcript{"show",
+                                       "events",
+                                       "caption Step  1 of  3",
+                                       "label Copying from  0 to MarkStart-1",
+                                       "events",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "caption Step  2 of  3",
+                                       "label Cutting to Buffer from MarkStart to MarkEnd",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "caption Step  3 of  3",
+                                       "label Copying from MarkEnd to end of file",
+                                       "events",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "hide",
+                                       "refresh",
+                                       "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "0126789");
+  EXPECT_EQ(place.state.BufferData, "345");
+  EXPECT_TRUE(place.state.BufferIsCut);
+  EXPECT_EQ(place.state.FLen, 7);
+  EXPECT_EQ(place.state.MarkStart, 3);
+  EXPECT_EQ(place.state.MarkEnd, 5);
+  EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+  EXPECT_EQ(place.temporary.Names(), kNothing);
+}
+
+TEST(Cut, AtTheVeryStartHasNoHeadStep) {
+  Workplace place("0123456789");
+  place.Mark(0, 2);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(),
+            (Transcript{"show", "events", "caption Step  1 of  2",
+                        "label Cutting to Buffer from MarkStart to MarkEnd", "events", "bar 100", "events",
+                        "bar 0", "caption Step  2 of  2", "label Copying from MarkEnd to end of file",
+                        "events", "events", "bar 100", "events", "bar 0", "hide", "refresh", "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "3456789");
+  EXPECT_EQ(place.state.BufferData, "012");
+}
+
+TEST(Cut, UpToTheLastByteHasNoTailStep) {
+  Workplace place("0123456789");
+  place.Mark(9, 9);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(),
+            (Transcript{"show", "events", "caption Step  1 of  2", "label Copying from  0 to MarkStart-1",
+                        "events", "events", "bar 100", "events", "bar 0", "caption Step  2 of  2",
+                        "label Cutting to Buffer from MarkStart to MarkEnd", "events", "bar 100", "events",
+                        "bar 0", "hide", "refresh", "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "012345678");
+}
+
+TEST(Cut, OfEverythingHasOneStepAndLeavesAnEmptyFile) {
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(), (Transcript{"show", "events", "caption Step  1 of  1",
+                                       "label Cutting to Buffer from MarkStart to MarkEnd", "events",
+                                       "bar 100", "events", "bar 0", "hide", "refresh", "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "");
+  EXPECT_EQ(place.state.FLen, 0);
+  EXPECT_EQ(place.state.BufferData, "0123456789");
+  EXPECT_EQ(place.state.MarkEnd, 9);
+}
+
+TEST(Cut, KeepsThePageStartWhereTheFileStillReaches) {
+  Workplace place(PatternBytes(5000));
+  place.Mark(4000, 4099);
+  place.state.SWStart = 1024;
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.state.SWStart, 1024);
+}
+
+TEST(Cut, CancelledAtAnyMomentLeavesFileAndBufferAndNoTemporaryFile) {
+  const std::string bytes = PatternBytes(4 * kBlock + 5);
+  const std::string rest = bytes.substr(0, kBlock + 7) + bytes.substr(2 * kBlock + 8);
+  for (int round = 1;; ++round) {
+    Workplace place(bytes, Workplace::RealDisk(), kMemory, kMemory);
+    place.Mark(kBlock + 7, 2 * kBlock + 7);
+    place.state.BufferData = "before";
+    place.progress.CancelAtEvents(round);
+    CutChunk(place.state, place.services);
+    const bool cancelled = place.progress.EventRounds() >= round;
+    const Transcript story = place.Story();
+    EXPECT_FALSE(place.progress.Aborted());
+    EXPECT_FALSE(place.progress.Visible());
+    EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+    EXPECT_EQ(place.temporary.Names(), kNothing);
+    if (!cancelled) {
+      EXPECT_EQ(place.Bytes(), rest);
+      EXPECT_GE(round, 13);
+      break;
+    }
+    EXPECT_EQ(Transcript(story.end() - 4, story.end()),
+              (Transcript{"bar 0", "hide", "tell Cut Aborted", "clear abort"}));
+    EXPECT_EQ(place.Bytes(), bytes);
+    EXPECT_EQ(place.state.BufferData, "before");
+    EXPECT_FALSE(place.state.BufferIsCut);
+
+    CutChunk(place.state, place.services);
+    EXPECT_EQ(place.Bytes(), rest);
+    EXPECT_EQ(place.state.BufferData, bytes.substr(kBlock + 7, kBlock + 1));
+  }
+}
+
+TEST(Cut, CancelledInTheHeadStillAnnouncesTheOtherSteps) {
+  Workplace place("0123456789");
+  place.Mark(3, 5);
+  place.progress.CancelAtEvents(4);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(), (Transcript{"show",
+                                       "events",
+                                       "caption Step  1 of  3",
+                                       "label Copying from  0 to MarkStart-1",
+                                       "events",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "caption Step  2 of  3",
+                                       "label Cutting to Buffer from MarkStart to MarkEnd",
+                                       "events",
+                                       "bar 0",
+                                       "caption Step  3 of  3",
+                                       "label Copying from MarkEnd to end of file",
+                                       "events",
+                                       "bar 0",
+                                       "hide",
+                                       "tell Cut Aborted",
+                                       "clear abort"}));
+}
+
+TEST(Cut, CancelledWhileStagingAcrossFileSystemsLeavesNothing) {
+  const std::string bytes = PatternBytes(3 * kBlock);
+  Workplace place(bytes, Workplace::RealDisk(), "/var/tmp", "/dev/shm");
+  place.Mark(0, 0);
+  // The tail's three blocks come before those of the staging.
+  place.progress.CancelAtEvents(9);
+  CutChunk(place.state, place.services);
+  const Transcript story = place.Story();
+  EXPECT_EQ(Transcript(story.end() - 3, story.end()),
+            (Transcript{"hide", "tell Cut Aborted", "clear abort"}));
+  EXPECT_EQ(place.Bytes(), bytes);
+  EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+  EXPECT_EQ(place.temporary.Names(), kNothing);
+}
+
+TEST(Cut, TakesTheBytesThatAreThereWhenMarkEndLiesPastTheEnd) {
+  Workplace place("0123456789");
+  place.Mark(8, 20);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Bytes(), "01234567");
+  EXPECT_EQ(place.state.BufferData, "89");
+}
+
+TEST(Cut, OfAChunkPastTheEndTellsAndChangesNothing) {
+  for (const std::string bytes : {"0123456789", ""}) {
+    Workplace place(bytes);
+    place.Mark(10, 10);
+    place.state.BufferData = "before";
+    CutChunk(place.state, place.services);
+    EXPECT_EQ(place.Story(), Transcript{"tell [Error !] The chunk holds no byte of the file (x)"});
+    EXPECT_EQ(place.Bytes(), bytes);
+    EXPECT_EQ(place.state.BufferData, "before");
+  }
+}
+
+TEST(Cut, OfAFileThatAnotherProgramChangedTellsAndShowsItAnew) {
+  for (const std::string now : {"grown by a few", "shrunk"}) {
+    Workplace place("0123456789");
+    place.Mark(0, 1);
+    place.folder.Write("data", now);
+    CutChunk(place.state, place.services);
+    EXPECT_EQ(place.Story(),
+              (Transcript{"tell [Error !] The file was changed by another program (x)", "refresh"}));
+    EXPECT_EQ(place.Bytes(), now);
+    EXPECT_EQ(place.state.FLen, static_cast<std::int64_t>(now.size()));
+    EXPECT_EQ(place.state.BufferData, "");
+  }
+}
+
+TEST(Cut, OfANameThatHoldsAnotherFileByNowIsNoRewrite) {
+  Workplace place("0123456789");
+  std::filesystem::rename(place.folder.Write("other", "abcdefghij"), place.state.OpenFile);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(),
+            (Transcript{"tell [Error !] The file was changed by another program (x)", "refresh"}));
+  EXPECT_EQ(place.Bytes(), "abcdefghij");
+}
+
+TEST(Cut, OfAFileThatGrowsMeanwhileLeavesItAsItIs) {
+  Workplace place("0123456789");
+  place.Mark(0, 1);
+  place.progress.onEvents = [&] { place.folder.Write("data", "0123456789 and more"); };
+  CutChunk(place.state, place.services);
+  const Transcript story = place.Story();
+  EXPECT_EQ(Transcript(story.end() - 3, story.end()),
+            (Transcript{"hide", "tell [Error !] The file was changed by another program (x)", "refresh"}));
+  EXPECT_EQ(place.Bytes(), "0123456789 and more");
+  EXPECT_EQ(place.state.FLen, 19);
+  EXPECT_EQ(place.state.BufferData, "");
+  EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+  EXPECT_EQ(place.temporary.Names(), kNothing);
+}
+
+TEST(Cut, OfAFileThatShrinksMeanwhileIsError62) {
+  Workplace place(PatternBytes(3 * kBlock));
+  place.Mark(kBlock, kBlock + 5);
+  place.state.BufferData = "before";
+  place.progress.onEvents = [&] { place.folder.Write("data", "short"); };
+  const bwp::RunTimeError error = ErrorOf([&] { CutChunk(place.state, place.services); });
+  EXPECT_EQ(error.number, 62);
+  EXPECT_EQ(error.path, place.state.OpenFile);
+  EXPECT_EQ(place.Bytes(), "short");
+  EXPECT_EQ(place.state.BufferData, "before");
+  EXPECT_EQ(place.temporary.Names(), kNothing);
+}
+
+TEST(Cut, WithoutTheFolderOfTheTemporaryFileIsError76BeforeAnythingHappens) {
+  Workplace place("0123456789");
+  const bwp::test::ScopedVariable missing("TMPDIR", (place.folder / "missing").c_str());
+  const bwp::RunTimeError error = ErrorOf([&] { CutChunk(place.state, place.services); });
+  EXPECT_EQ(error.number, 76);
+  EXPECT_EQ(error.path.find(place.folder / "missing/bytewarp-"), 0U);
+  EXPECT_EQ(place.Story(), Transcript{});
+  EXPECT_EQ(place.Bytes(), "0123456789");
+  EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+}
+
+TEST(Cut, WorksOnAPathThatStartsAtTheCurrentFolder) {
+  Workplace place("0123456789");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(place.folder.Path());
+  place.state.OpenFile = "data";
+  place.Mark(0, 4);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Bytes(), "56789");
+  std::filesystem::current_path(before);
+}
+
+}  // namespace

@@ -1,0 +1,70 @@
+#include "support/workplace.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <utility>
+
+#include "viewer/open_view_file.h"
+
+namespace bwp::test {
+
+ScopedVariable::ScopedVariable(const char* name, const char* value) : name_(name) {
+  if (const char* const old = std::getenv(name)) old_ = old;
+  if (value != nullptr) {
+    setenv(name, value, 1);
+  } else {
+    unsetenv(name);
+  }
+}
+
+ScopedVariable::~ScopedVariable() {
+  if (old_) {
+    setenv(name_.c_str(), old_->c_str(), 1);
+  } else {
+    unsetenv(name_.c_str());
+  }
+}
+
+Workplace::Workplace(std::string_view bytes, const Disk& changes, const std::string& under,
+                     const std::string& temporaryUnder)
+    : folder(under), temporary(temporaryUnder), services{display, progress, notices, changes} {
+  OpenViewFile(state, folder.Write("data", bytes));
+}
+
+const Disk& Workplace::RealDisk() {
+  static const Disk disk;
+  return disk;
+}
+
+Transcript Workplace::Story() {
+  Transcript story;
+  bool inRefresh = false;
+  for (std::string& line : std::exchange(transcript, {})) {
+    if (line == "redraw off") {
+      inRefresh = true;
+      story.emplace_back("refresh");
+    } else if (line == "display events") {
+      inRefresh = false;
+    } else if (!inRefresh) {
+      story.push_back(std::move(line));
+    }
+  }
+  return story;
+}
+
+void Workplace::Mark(std::int64_t start, std::int64_t end) {
+  state.MarkStart = start;
+  state.MarkEnd = end;
+}
+
+RunTimeError ErrorOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const RunTimeError& error) {
+    return error;
+  }
+  ADD_FAILURE() << "no run-time error";
+  return {};
+}
+
+}  // namespace bwp::test
