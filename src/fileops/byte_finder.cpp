@@ -73,11 +73,11 @@ BytePair ByteFinder::RarePair(std::string_view text, std::size_t from) const {
     for (std::size_t i = from, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
       ++count[Folded(text[i])];
     }
-    std::array<std::size_t, 2> rarest{};
-    std::partial_sort_copy(places_.begin(), places_.end(), rarest.begin(), rarest.end(),
-                           [&](std::size_t one, std::size_t two) {
-                             return count[Folded(pattern_[one])] < count[Folded(pattern_[two])];
-                           });
+    std::vector<std::size_t> rarest = places_;
+    std::partial_sort(rarest.begin(), rarest.begin() + 2, rarest.end(),
+                      [&](std::size_t one, std::size_t two) {
+                        return count[Folded(pattern_[one])] < count[Folded(pattern_[two])];
+                      });
     first = rarest[0];
     second = rarest[1];
   }
