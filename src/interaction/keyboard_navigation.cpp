@@ -15,7 +15,6 @@ bool KeyboardNavigation::Takes(KeyCode code) const {
 }
 
 void KeyboardNavigation::KeyDown(KeyCode code) {
-  anyKeyDown_ = true;
   if (KeyScrolling_ || state_.FieldTyping) return;
   state_.NavKeyHeld = true;
   switch (code) {
@@ -45,18 +44,26 @@ void KeyboardNavigation::KeyDown(KeyCode code) {
 }
 
 void KeyboardNavigation::KeyUp() {
-  anyKeyDown_ = false;
   timer_.Disable();
   state_.AutoScroll = false;
   KeyScrolling_ = false;
   if (!state_.FieldTyping) Refresh(state_, display_);
   state_.ScrollStep = 0;
-  if (state_.ForceRefresh) state_.FieldTyping = false;
-  state_.ForceRefresh = false;
+  EndSearchTyping();
 }
 
 void KeyboardNavigation::LetGo() {
-  if (anyKeyDown_) KeyUp();
+  if (KeyScrolling_ || state_.NavKeyHeld) {
+    KeyUp();
+  } else {
+    EndSearchTyping();
+  }
+}
+
+// A search leaves the fields as typed into until the key that started it comes up.
+void KeyboardNavigation::EndSearchTyping() {
+  if (state_.ForceRefresh) state_.FieldTyping = false;
+  state_.ForceRefresh = false;
 }
 
 void KeyboardNavigation::StartScrolling(std::int32_t step) {

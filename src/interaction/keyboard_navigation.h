@@ -30,17 +30,18 @@ class KeyboardNavigation {
   bool Takes(KeyCode code) const;
   void KeyDown(KeyCode code);
   void KeyUp();
-  /// The window lost the focus: a key that is down is let go.
+  /// The window lost the focus while a key was down. A key that moves the page ends as if it came up; any
+  /// other one must not cause a refresh now: what took the focus may be an operation on the file.
   void LetGo();
 
  private:
   void StartScrolling(std::int32_t step);
+  void EndSearchTyping();
 
   ViewState& state_;
   Display& display_;
   HoldTimer& timer_;
   bool KeyScrolling_ = false;
-  bool anyKeyDown_ = false;
 };
 
 }  // namespace bwp

@@ -142,9 +142,18 @@ TEST(NavigationKeys, LosingTheFocusLetsGoOfAHeldKey) {
   k.bar.HoldElapsed();
   EXPECT_FALSE(k.state.AutoScroll);
   EXPECT_EQ(k.state.SWStart, 5 * 16);
+}
+
+TEST(NavigationKeys, LosingTheFocusWithAnotherKeyDownRefreshesNothing) {
+  Keys k(5000);
+  k.keys.KeyDown(bwp::kKeyNone);
+  k.state.FieldTyping = true;
+  k.state.ForceRefresh = true;
   k.transcript.clear();
   k.keys.LetGo();
-  EXPECT_TRUE(k.transcript.empty()) << "no key is down any more";
+  EXPECT_TRUE(k.transcript.empty());
+  EXPECT_FALSE(k.state.FieldTyping);
+  EXPECT_FALSE(k.state.ForceRefresh);
 }
 
 RC_GTEST_PROP(NavigationModel, ShortKeysMoveByTheirStepsWithinTheFile, ()) {

@@ -1,0 +1,81 @@
+#include "interaction/forms/page_menu.h"
+
+#include <algorithm>
+
+#include <QAbstractButton>
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+
+namespace bwp {
+
+PageMenu::PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget& window)
+    : state_(state), tabe_(tabe), window_(window), popmark_(new QMenu(&window)) {
+  popmark_->setObjectName(QStringLiteral("popmark"));
+  popmark_->setAccessibleName(QStringLiteral("Marks"));
+  connect(AddEntry(QStringLiteral("popmstart"), QStringLiteral("Mark Start")), &QAction::triggered, this,
+          [this, &display] { MarkStartAt(state_, display, cell_); });
+  connect(AddEntry(QStringLiteral("popmend"), QStringLiteral("Mark End")), &QAction::triggered, this,
+          [this, &display] { MarkEndAt(state_, display, cell_); });
+  connect(AddEntry(QStringLiteral("popmdefault"), QStringLiteral("Default Mark")), &QAction::triggered, this,
+          [this, &display] { MarkWholeFile(state_, display); });
+  connect(AddEntry(QStringLiteral("popedit"), QStringLiteral("Edit")), &QAction::triggered, this, [this] {
+    if (onEdit) onEdit(cell_);
+  });
+  window.installEventFilter(this);
+}
+
+bool PageMenu::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) {
+    const auto& mouse = static_cast<const QMouseEvent&>(*event);
+    return mouse.button() == Qt::RightButton && MousePressed(mouse.globalPosition().toPoint());
+  }
+  if (event->type() == QEvent::ContextMenu) {
+    const bool byKey = static_cast<const QContextMenuEvent&>(*event).reason() == QContextMenuEvent::Keyboard;
+    return byKey && MenuKeyPressed();
+  }
+  return false;
+}
+
+QAction* PageMenu::AddEntry(const QString& name, const QString& text) {
+  QAction* const entry = popmark_->addAction(text);
+  entry->setObjectName(name);
+  return entry;
+}
+
+// Edit mode switches the entries off one by one; a menu of nothing but dead entries helps nobody.
+bool PageMenu::MayOpen() const {
+  const QList<QAction*> entries = popmark_->actions();
+  return !state_.OpenFile.empty() &&
+         std::any_of(entries.begin(), entries.end(), [](const QAction* entry) { return entry->isEnabled(); });
+}
+
+bool PageMenu::MousePressed(const QPoint& global) {
+  if (!MayOpen() || tabe_.mapFromGlobal(global).y() <= 0) return false;
+  // A button leaves the right mouse button to the form behind it, but is no place to point at a byte.
+  const QWidget* const under = window_.childAt(window_.mapFromGlobal(global));
+  if (qobject_cast<const QAbstractButton*>(under) != nullptr) return false;
+  cell_ = ByteCellAt(tabe_, global);
+  popmark_->popup(global);
+  return true;
+}
+
+bool PageMenu::MenuKeyPressed() {
+  if (!MayOpen()) return false;
+  cell_ = {};
+  const QRect cell = tabe_.visualRect(tabe_.model()->index(cell_.row, cell_.column));
+  popmark_->popup(tabe_.viewport()->mapToGlobal(cell.bottomLeft()));
+  popmark_->setActiveAction(popmark_->actions().constFirst());
+  return true;
+}
+
+PopupCell ByteCellAt(const PageTable& tabe, const QPoint& global) {
+  const QWidget& cells = *tabe.viewport();
+  const QPoint place = cells.mapFromGlobal(global);
+  const QPoint nearest(std::clamp(place.x(), 0, cells.width() - 1),
+                       std::clamp(place.y(), 0, cells.height() - 1));
+  const int row = tabe.rowAt(nearest.y());
+  const int column = tabe.columnAt(nearest.x());
+  return NearestByteCell(row < 0 ? kRows : row, column < 0 ? kColumns : column);
+}
+
+}  // namespace bwp

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+
+#include <QMenu>
+#include <QObject>
+
+#include "interaction/chunk_selection.h"
+#include "viewer/forms/page_table.h"
+
+namespace bwp {
+
+/// The grid's pop-up menu `popmark`: comes up where the right button is pressed below the grid's top edge, or
+/// by the keyboard's Menu key for the page's first byte.
+class PageMenu : public QObject {
+ public:
+  /// `window` is the form whose mouse is watched; the grid lies in it.
+  PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget& window);
+
+  /// What `popedit` does; it is handed the cell that was pointed at.
+  std::function<void(PopupCell)> onEdit;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QAction* AddEntry(const QString& name, const QString& text);
+  bool MayOpen() const;
+  bool MousePressed(const QPoint& global);
+  bool MenuKeyPressed();
+
+  ViewState& state_;
+  PageTable& tabe_;
+  QWidget& window_;
+  QMenu* popmark_;
+  PopupCell cell_;  // PopupRow and PopupCol
+};
+
+/// The cell of a byte that is nearest to a place on the screen.
+PopupCell ByteCellAt(const PageTable& tabe, const QPoint& global);
+
+}  // namespace bwp
