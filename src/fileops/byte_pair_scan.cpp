@@ -78,12 +78,18 @@ struct WidePair {
 }  // namespace
 
 std::size_t ScanForPair(const BytePair& pair, const unsigned char* text, std::size_t from, std::size_t end) {
+  static const PairScan fastest = PairScans().front();
+  return fastest(pair, text, from, end);
+}
+
+std::vector<PairScan> PairScans() {
+  std::vector<PairScan> scans;
 #if defined(__x86_64__)
-  static const bool thirtyTwo = __builtin_cpu_supports("avx2") != 0;
-  return thirtyTwo ? ScanByThirtyTwo(pair, text, from, end) : ScanBySixteen(pair, text, from, end);
-#else
-  return ScanByByte(pair, text, from, end);
+  if (__builtin_cpu_supports("avx2")) scans.push_back(ScanByThirtyTwo);
+  scans.push_back(ScanBySixteen);
 #endif
+  scans.push_back(ScanByByte);
+  return scans;
 }
 
 }  // namespace FileSystem

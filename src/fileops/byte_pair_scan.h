@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <vector>
 
 namespace FileSystem {
 
@@ -24,5 +25,9 @@ struct BytePair {
 /// The first position from `from` on, before `end`, where the pair fits; `end` when there is none. The text
 /// reaches at least to the larger offset behind the last position.
 std::size_t ScanForPair(const BytePair& pair, const unsigned char* text, std::size_t from, std::size_t end);
+
+/// Every way that this processor has to do it, the fastest first; ScanForPair is the first of them.
+using PairScan = std::size_t (*)(const BytePair&, const unsigned char*, std::size_t, std::size_t);
+std::vector<PairScan> PairScans();
 
 }  // namespace FileSystem

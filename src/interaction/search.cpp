@@ -115,7 +115,8 @@ std::int64_t Search::FindNext(const ViewState& state, Progress& progress, const 
   openings_ = state.openings;
   ViewFileSource source(state.file, position_);
   return FileSystem::StreamFind(progress, found_, source, term, state.FLen, restart,
-                                NoCase ? FileSystem::Compare::kIgnoreCase : FileSystem::Compare::kBinary);
+                                NoCase ? FileSystem::Compare::kIgnoreCase : FileSystem::Compare::kBinary,
+                                block_);
 }
 
 }  // namespace bwp

@@ -14,6 +14,9 @@ namespace bwp {
 /// main form owns the one instance.
 class Search {
  public:
+  /// The block is what one step of the search reads.
+  explicit Search(std::int64_t block = FileSystem::kSearchBlock) : block_(block) {}
+
   /// The term was edited in one of the fields, by whatever means: the next search starts at the beginning,
   /// and the page keeps off the field.
   void TermTyped(ViewState& state);
@@ -30,6 +33,7 @@ class Search {
  private:
   std::int64_t FindNext(const ViewState& state, Progress& progress, const std::string& term, bool NoCase);
 
+  std::int64_t block_;
   FileSystem::SearchState found_;
   std::int64_t position_ = 0;   // where in the file the next block is read
   bool startOver_ = true;       // the next search begins at the start of the file, edited or not
