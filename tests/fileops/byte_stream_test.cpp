@@ -138,7 +138,7 @@ TEST(WriteStream, WritesRegularFilesOnly) {
   EXPECT_EQ(ErrorOf([&] { WriteStream(disk, folder / "none/a"); }), bwp::kPathNotFound);
   EXPECT_EQ(ErrorOf([&] { WriteStream(disk, folder.Path()); }), bwp::kPathFileAccess);
   EXPECT_NE(ErrorOf([&] { WriteStream(disk, folder / "pipe"); }), 0);
-  EXPECT_EQ(ErrorOf([&] { WriteStream(disk, "/dev/null"); }), bwp::kPathFileAccess);
+  EXPECT_EQ(ErrorOf([&] { WriteStream(disk, "/dev/zero"); }), bwp::kPathFileAccess);
 }
 
 TEST(WriteStream, TakesOverAnOpenDescriptor) {
