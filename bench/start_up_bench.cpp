@@ -1,0 +1,120 @@
+// From the start of the process to the first painted page, beside the smallest program of the same toolkit that
+// shows an empty main window: wall time and peak memory, as ratios of interleaved runs. The file shown is a
+// sparse one of the greatest length; without a display the offscreen platform is measured.
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <QApplication>
+#include <QEvent>
+#include <QMainWindow>
+#include <QTableView>
+
+#include "app/forms/application.h"
+#include "app/forms/main_form.h"
+#include "viewer/view_file.h"
+
+namespace {
+
+// Ends the process once the widget was painted.
+class EndAfterPaint : public QObject {
+ public:
+  explicit EndAfterPaint(QWidget& widget) { widget.installEventFilter(this); }
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      QMetaObject::invokeMethod(this, [] { std::_Exit(0); }, Qt::QueuedConnection);
+    }
+    return false;
+  }
+};
+
+int ShowEmptyWindow(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  QMainWindow window;
+  window.resize(1200, 640);
+  const EndAfterPaint end(window);
+  window.show();
+  return QApplication::exec();
+}
+
+int ShowPage(int argc, char** argv, const std::string& path) {
+  bwp::Application application(argc, argv);
+  bwp::MainForm form("/nonexistent/");
+  form.Start(path);
+  const EndAfterPaint end(*form.findChild<QTableView*>(QStringLiteral("tabe"))->viewport());
+  form.show();
+  return QApplication::exec();
+}
+
+struct Run {
+  double milliseconds;
+  double kibibytes;
+};
+
+Run RunSelf(const char* self, const char* mode, const std::string& path) {
+  const auto start = std::chrono::steady_clock::now();
+  const pid_t child = fork();
+  if (child == 0) {
+    execl(self, self, mode, path.c_str(), nullptr);
+    std::_Exit(127);
+  }
+  int status = 0;
+  rusage usage = {};
+  wait4(child, &status, 0, &usage);
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) std::fprintf(stderr, "%s failed\n", mode);
+  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+  return {taken.count(), static_cast<double>(usage.ru_maxrss)};
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+int Compare(const char* self, const std::string& path) {
+  constexpr int kRuns = 21;
+  std::vector<double> emptyTime, emptyMemory, pageTime, pageMemory;
+  for (int run = -1; run < kRuns; ++run) {
+    const Run empty = RunSelf(self, "--empty", path);
+    const Run page = RunSelf(self, "--page", path);
+    if (run < 0) continue;  // the first pair warms the caches
+    emptyTime.push_back(empty.milliseconds);
+    emptyMemory.push_back(empty.kibibytes);
+    pageTime.push_back(page.milliseconds);
+    pageMemory.push_back(page.kibibytes);
+  }
+  const auto row = [](const char* what, double page, double empty, double limit) {
+    std::printf("%-28s %10.1f %10.1f   ratio %.2f (limit %.2f)\n", what, page, empty, page / empty, limit);
+  };
+  std::printf("%-28s %10s %10s\n", "median of interleaved runs", "bytewarp", "empty");
+  row("start to first page, ms", Median(pageTime), Median(emptyTime), 1.25);
+  row("peak memory, KiB", Median(pageMemory), Median(emptyMemory), 1.15);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string mode = argc > 1 ? argv[1] : "";
+  if (std::getenv("DISPLAY") == nullptr) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (mode == "--empty") return ShowEmptyWindow(argc, argv);
+  if (mode == "--page") return ShowPage(argc, argv, argv[2]);
+
+  std::string path = "/var/tmp/bytewarp-bench-XXXXXX";
+  const int file = mkstemp(path.data());
+  if (file < 0 || ftruncate(file, bwp::kMaxFileLength) != 0) return 1;
+  close(file);
+  const int result = Compare(argv[0], path);
+  unlink(path.c_str());
+  return result;
+}
