@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "fileops/file_system.h"
-#include "fileops/held_file.h"
+#include "fileops/open_file_guard.h"
 #include "splitjoin/names_text.h"
 #include "splitjoin/part_names.h"
 #include "viewer/number_text.h"
@@ -27,12 +27,12 @@ std::string StepOf(std::int64_t step, std::int64_t steps) {
 
 // A part or a result never takes the place of the file that is shown.
 WriteStream Create(const ViewState& state, const Disk& disk, const std::string& path) {
-  RefuseOverwriteOfOpenFile(state, path);
+  RefuseToOverwriteOpenFile(state, path);
   return {disk, path};
 }
 
 void Delete(const ViewState& state, const Disk& disk, const std::string& path) {
-  RefuseDeletionOfOpenFile(state, path);
+  RefuseToDeleteOpenFile(state, path);
   if (disk.Delete(path) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
 

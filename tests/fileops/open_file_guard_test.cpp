@@ -1,4 +1,4 @@
-#include "fileops/held_file.h"
+#include "fileops/open_file_guard.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -9,16 +9,16 @@
 
 namespace {
 
-class HeldFile : public testing::Test {
+class OpenFileGuard : public testing::Test {
  protected:
-  HeldFile() {
+  OpenFileGuard() {
     bwp::OpenViewFile(state, folder.Write("open", "bytes"));
     EXPECT_EQ(symlink((folder / "open").c_str(), (folder / "symbolic").c_str()), 0);
     EXPECT_EQ(link((folder / "open").c_str(), (folder / "hard").c_str()), 0);
     folder.Write("other", "bytes");
   }
-  bool MayOverwrite(const std::string& path) { return Passes(bwp::RefuseOverwriteOfOpenFile, path); }
-  bool MayDelete(const std::string& path) { return Passes(bwp::RefuseDeletionOfOpenFile, path); }
+  bool MayOverwrite(const std::string& path) { return Passes(bwp::RefuseToOverwriteOpenFile, path); }
+  bool MayDelete(const std::string& path) { return Passes(bwp::RefuseToDeleteOpenFile, path); }
   bool Passes(void (*refuse)(const bwp::ViewState&, const std::string&), const std::string& path) {
     try {
       refuse(state, path);
@@ -34,7 +34,7 @@ class HeldFile : public testing::Test {
   bwp::ViewState state;
 };
 
-TEST_F(HeldFile, IsNotOverwrittenByAnyName) {
+TEST_F(OpenFileGuard, LetsNobodyOverwriteTheFileByAnyName) {
   EXPECT_FALSE(MayOverwrite(folder / "open"));
   EXPECT_FALSE(MayOverwrite(folder / "./open"));
   EXPECT_FALSE(MayOverwrite(folder / "symbolic"));
@@ -43,7 +43,7 @@ TEST_F(HeldFile, IsNotOverwrittenByAnyName) {
   EXPECT_TRUE(MayOverwrite(folder / "none"));
 }
 
-TEST_F(HeldFile, LosesNoEntryButItsLinks) {
+TEST_F(OpenFileGuard, LetsLinksOfTheFileBeDeletedButNotItself) {
   EXPECT_FALSE(MayDelete(folder / "open"));
   EXPECT_FALSE(MayDelete(folder / "./open"));
   EXPECT_TRUE(MayDelete(folder / "symbolic"));
@@ -52,14 +52,15 @@ TEST_F(HeldFile, LosesNoEntryButItsLinks) {
   EXPECT_TRUE(MayDelete(folder / "none"));
 }
 
-TEST_F(HeldFile, IsTheTargetWhenItWasOpenedByALink) {
+TEST_F(OpenFileGuard, KeepsTheLinkThatTheFileWasOpenedByAndItsTarget) {
   bwp::OpenViewFile(state, folder / "symbolic");
-  EXPECT_TRUE(MayDelete(folder / "symbolic"));
+  EXPECT_FALSE(MayDelete(folder / "symbolic"));
   EXPECT_FALSE(MayDelete(folder / "open"));
+  EXPECT_TRUE(MayDelete(folder / "hard"));
 }
 
-TEST_F(HeldFile, IsFreeOnceItIsClosed) {
-  bwp::CloseViewFile(state);
+TEST_F(OpenFileGuard, HasNothingToGuardWithoutAnOpenFile) {
+  state = {};
   EXPECT_TRUE(MayOverwrite(folder / "open"));
   EXPECT_TRUE(MayDelete(folder / "open"));
 }
