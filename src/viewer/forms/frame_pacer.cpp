@@ -30,7 +30,8 @@ void FramePacer::ShowFrame(QWidget& page) {
   page.repaint();
   QCoreApplication::processEvents();
   for (qint64 now = clock_.nsecsElapsed(); now < nextFrame_; now = clock_.nsecsElapsed()) {
-    const qint64 milliseconds = (nextFrame_ - now + kNanosecondsPerMillisecond - 1) / kNanosecondsPerMillisecond;
+    const qint64 milliseconds =
+        (nextFrame_ - now + kNanosecondsPerMillisecond - 1) / kNanosecondsPerMillisecond;
     wake_.start(static_cast<int>(milliseconds));
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }

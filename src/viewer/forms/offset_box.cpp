@@ -1,0 +1,92 @@
+#include "viewer/forms/offset_box.h"
+
+#include <cmath>
+
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextDocument>
+#include <QWheelEvent>
+
+#include "viewer/forms/cell_geometry.h"
+#include "viewer/forms/cell_painting.h"
+#include "viewer/forms/text_conversion.h"
+
+namespace bwp {
+namespace {
+
+// Eight digits, some of them bold, and room for the cursor.
+constexpr int kCharacters = 9;
+constexpr int kMargin = 3;
+
+}  // namespace
+
+OffsetBox::OffsetBox(const QString& name, const QString& accessibleName, QWidget* parent)
+    : QTextEdit(parent) {
+  setObjectName(name);
+  setAccessibleName(accessibleName);
+  setFont(CellFont());
+  setAcceptRichText(false);
+  setUndoRedoEnabled(false);
+  setTabChangesFocus(true);
+  setLineWrapMode(NoWrap);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  document()->setDocumentMargin(kMargin);
+  const QFontMetricsF metrics(font());
+  const int frame = 2 * (frameWidth() + kMargin);
+  setFixedSize(frame + static_cast<int>(std::ceil(kCharacters * metrics.horizontalAdvance(QLatin1Char('0')))),
+               frame + static_cast<int>(std::ceil(metrics.height())));
+}
+
+void OffsetBox::ShowText(const std::string& text) {
+  const QString shown = FromCodePage(text);
+  if (shown == shown_ && !document()->isModified()) return;
+  shown_ = shown;
+  setPlainText(shown);
+  ApplyEmphasis(*this, OffsetEmphasis(static_cast<int>(shown.size())));
+  document()->setModified(false);
+}
+
+std::string OffsetBox::Text() const {
+  return ToCodePage(toPlainText());
+}
+
+void OffsetBox::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (IsEnter(*event) || key == Qt::Key_Escape || key == Qt::Key_Tab) {
+    event->ignore();
+  } else {
+    QTextEdit::keyPressEvent(event);
+  }
+}
+
+// One line has nowhere to scroll to.
+void OffsetBox::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+}
+
+void OffsetBox::insertFromMimeData(const QMimeData* source) {
+  textCursor().insertText(source->text().simplified());
+}
+
+void ApplyEmphasis(QTextEdit& box, const std::vector<EmphasisRun>& runs) {
+  QTextCursor cursor(box.document());
+  cursor.beginEditBlock();
+  for (const EmphasisRun& run : runs) {
+    QTextCharFormat format;
+    format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
+    if (run.colour) format.setForeground(ToQColor(*run.colour));
+    cursor.setPosition(run.start);
+    cursor.setPosition(run.start + run.length, QTextCursor::KeepAnchor);
+    cursor.mergeCharFormat(format);
+  }
+  cursor.endEditBlock();
+  cursor.setPosition(runs.back().start);
+  box.setTextCursor(cursor);
+}
+
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+}  // namespace bwp

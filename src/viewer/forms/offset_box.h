@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QTextEdit>
+
+#include "viewer/group_emphasis.h"
+
+namespace bwp {
+
+/// A one-line box for a hexadecimal offset, whose pairs of digits are told apart by their boldness. Enter and
+/// Escape type nothing: they are for whoever watches the box's events.
+class OffsetBox : public QTextEdit {
+  Q_OBJECT
+ public:
+  OffsetBox(const QString& name, const QString& accessibleName, QWidget* parent = nullptr);
+
+  /// Shows the text with its pairs marked, the cursor at its start.
+  void ShowText(const std::string& text);
+  /// What stands in the box, in the program's character set.
+  std::string Text() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void insertFromMimeData(const QMimeData* source) override;
+
+ private:
+  QString shown_;
+};
+
+/// Applies the runs to a box's text, and leaves no selection.
+void ApplyEmphasis(QTextEdit& box, const std::vector<EmphasisRun>& runs);
+
+/// Enter, on the keyboard's main part or its number block.
+bool IsEnter(const QKeyEvent& event);
+
+}  // namespace bwp

@@ -1,0 +1,129 @@
+#include "viewer/forms/position_panel.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "viewer/forms/offset_box.h"
+#include "viewer/forms/text_conversion.h"
+#include "viewer/position_entry.h"
+#include "viewer/refresh.h"
+
+namespace bwp {
+namespace {
+
+QLineEdit* MakeDecimalBox(const QString& name, const QString& accessibleName, QWidget* parent) {
+  // The longest text that is ever shown, then room for the cursor and the frame.
+  constexpr int kRoom = 16;
+  auto* const box = new QLineEdit(parent);
+  box->setObjectName(name);
+  box->setAccessibleName(accessibleName);
+  box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QStringLiteral("2.147.483.647")) + kRoom);
+  return box;
+}
+
+QRadioButton* MakeOption(const QString& name, const QString& text, QWidget* parent) {
+  auto* const option = new QRadioButton(text, parent);
+  option->setObjectName(name);
+  option->setAccessibleName(QStringLiteral("Show bytes in ") + text.toLower());
+  return option;
+}
+
+void ShowIn(QLineEdit& box, const std::string& text) {
+  const QString shown = FromCodePage(text);
+  if (box.text() != shown) box.setText(shown);
+}
+
+}  // namespace
+
+PositionPanel::PositionPanel(ViewState& state, Display& display, QWidget* parent)
+    : QGroupBox(QStringLiteral("Show Window"), parent),
+      state_(state),
+      display_(display),
+      HStart_(
+          new OffsetBox(QStringLiteral("HStart"), QStringLiteral("Show Window start, hexadecimal"), this)),
+      HEnd_(new OffsetBox(QStringLiteral("HEnd"), QStringLiteral("Show Window end, hexadecimal"), this)),
+      Dstart_(MakeDecimalBox(QStringLiteral("Dstart"), QStringLiteral("Show Window start, decimal"), this)),
+      Dend_(MakeDecimalBox(QStringLiteral("Dend"), QStringLiteral("Show Window end, decimal"), this)),
+      hexop_(MakeOption(QStringLiteral("hexop"), QStringLiteral("Hexadecimal"), this)),
+      decop_(MakeOption(QStringLiteral("decop"), QStringLiteral("Decimal"), this)) {
+  for (QWidget* const box : {static_cast<QWidget*>(HStart_), static_cast<QWidget*>(HEnd_),
+                             static_cast<QWidget*>(Dstart_), static_cast<QWidget*>(Dend_)}) {
+    box->installEventFilter(this);
+  }
+  connect(hexop_, &QRadioButton::clicked, this, [this] { SetHexMode(true); });
+  connect(decop_, &QRadioButton::clicked, this, [this] { SetHexMode(false); });
+  ShowBase();
+  LayOut();
+}
+
+void PositionPanel::LayOut() {
+  auto* const grid = new QGridLayout(this);
+  grid->addWidget(new QLabel(QStringLiteral("Hex"), this), 0, 1);
+  grid->addWidget(new QLabel(QStringLiteral("Dec"), this), 0, 2);
+  grid->addWidget(new QLabel(QStringLiteral("Start"), this), 1, 0);
+  grid->addWidget(HStart_, 1, 1);
+  grid->addWidget(Dstart_, 1, 2);
+  grid->addWidget(new QLabel(QStringLiteral("End"), this), 2, 0);
+  grid->addWidget(HEnd_, 2, 1);
+  grid->addWidget(Dend_, 2, 2);
+  grid->addWidget(hexop_, 3, 0, 1, 2);
+  grid->addWidget(decop_, 3, 2);
+  setTabOrder(HStart_, Dstart_);
+  setTabOrder(Dstart_, HEnd_);
+  setTabOrder(HEnd_, Dend_);
+  setTabOrder(Dend_, hexop_);
+}
+
+void PositionPanel::ShowWindowTexts(const WindowTexts& texts) {
+  ShowIn(*Dstart_, texts.Dstart);
+  ShowIn(*Dend_, texts.Dend);
+  HStart_->ShowText(texts.HStart);
+  HEnd_->ShowText(texts.HEnd);
+}
+
+void PositionPanel::ShowBase() {
+  (state_.HexMode ? hexop_ : decop_)->setChecked(true);
+}
+
+bool PositionPanel::eventFilter(QObject* watched, QEvent* event) {
+  return event->type() == QEvent::KeyPress && KeyPressed(watched, static_cast<const QKeyEvent&>(*event));
+}
+
+// True when the box is not to see the key.
+bool PositionPanel::KeyPressed(const QObject* box, const QKeyEvent& key) {
+  if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) return false;
+  const bool enter = IsEnter(key);
+  const bool escape = key.key() == Qt::Key_Escape && box != HStart_;
+  // A held key is one press, except for what it types.
+  if (key.isAutoRepeat() && (enter || escape)) return true;
+  // The hexadecimal boxes take every key for typing, the decimal ones those that stand for a character.
+  if (IsHexBox(box) || IsCharacterKey(key)) state_.FieldTyping = true;
+  if (enter) Commit(box);
+  if (escape) AbandonTyping(state_, display_);
+  return enter || escape;
+}
+
+void PositionPanel::Commit(const QObject* box) {
+  if (box == HStart_) EnterHStart(state_, display_, HStart_->Text());
+  if (box == HEnd_) EnterHEnd(state_, display_, HEnd_->Text());
+  if (box == Dstart_) EnterDstart(state_, display_, ToCodePage(Dstart_->text()));
+  if (box == Dend_) EnterDend(state_, display_, ToCodePage(Dend_->text()));
+}
+
+bool PositionPanel::IsHexBox(const QObject* box) const {
+  return box == HStart_ || box == HEnd_;
+}
+
+void PositionPanel::SetHexMode(bool hex) {
+  state_.HexMode = hex;
+  Refresh(state_, display_);
+}
+
+bool IsCharacterKey(const QKeyEvent& key) {
+  return !key.text().isEmpty() && key.key() != Qt::Key_Delete;
+}
+
+}  // namespace bwp

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "viewer/display.h"
+#include "viewer/view_state.h"
+
+class QGridLayout;
+class QKeyEvent;
+class QLineEdit;
+class QRadioButton;
+
+namespace bwp {
+
+class OffsetBox;
+
+/// Where the Show Window starts and ends, in both bases, to read and to type, and the base in which the page
+/// is shown.
+class PositionPanel : public QGroupBox {
+  Q_OBJECT
+ public:
+  PositionPanel(ViewState& state, Display& display, QWidget* parent = nullptr);
+
+  void ShowWindowTexts(const WindowTexts& texts);
+  /// Checks the option button of the view state's base.
+  void ShowBase();
+
+  /// The boxes' events pass through here before the boxes see them.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void LayOut();
+  bool KeyPressed(const QObject* box, const QKeyEvent& key);
+  void Commit(const QObject* box);
+  bool IsHexBox(const QObject* box) const;
+  void SetHexMode(bool hex);
+
+  ViewState& state_;
+  Display& display_;
+  OffsetBox* HStart_;
+  OffsetBox* HEnd_;
+  QLineEdit* Dstart_;
+  QLineEdit* Dend_;
+  QRadioButton* hexop_;
+  QRadioButton* decop_;
+};
+
+/// Whether a key is one that stands for a character, as Enter, Escape and Backspace do and the arrows do not.
+bool IsCharacterKey(const QKeyEvent& key);
+
+}  // namespace bwp
