@@ -28,6 +28,10 @@ std::string FullPath(const std::string& path, const std::string& folder) {
   return !path.empty() && path.front() == kSeparator ? path : folder + path;
 }
 
+std::string PathIn(const std::string& folder, const std::string& name) {
+  return name.starts_with(kSeparator) ? name : folder + name;
+}
+
 std::string CommandLinePath(const std::string& text) {
   return StripQuotes(text);
 }

@@ -23,6 +23,9 @@ std::string WithSeparator(std::string folder);
 /// The path as seen from the given folder (which ends with a separator): itself when it is absolute.
 std::string FullPath(const std::string& path, const std::string& folder);
 
+/// The path that a name typed for that folder means: one that starts at the root stands for itself.
+std::string PathIn(const std::string& folder, const std::string& name);
+
 /// The path that a command-line text names: the text without surrounding double quotes.
 std::string CommandLinePath(const std::string& text);
 

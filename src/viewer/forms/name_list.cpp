@@ -41,18 +41,23 @@ void NameList::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void NameList::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (enter && currentIndex().isValid()) {
-    if (!event->isAutoRepeat()) Q_EMIT RowChosen(currentIndex().row());
+  const QModelIndex current = currentIndex();
+  const int key = event->key();
+  if ((key == Qt::Key_Return || key == Qt::Key_Enter) && selectionModel()->isSelected(current)) {
+    if (!event->isAutoRepeat()) Q_EMIT RowChosen(current.row());
     return;
   }
-  if (event->key() == Qt::Key_Backspace) {
+  if (key == Qt::Key_Backspace) {
     Q_EMIT BackPressed();
     return;
   }
-  const QModelIndex current = currentIndex();
   const QItemSelection selected = selectionModel()->selection();
-  QListView::keyPressEvent(event);
+  if ((key == Qt::Key_Down || key == Qt::Key_Up) && selected.isEmpty() && current.isValid()) {
+    // A list that got the focus stands on its first row without having selected it; the first key does.
+    selectionModel()->select(current, QItemSelectionModel::Select);
+  } else {
+    QListView::keyPressEvent(event);
+  }
   const bool moved = currentIndex() != current || selectionModel()->selection() != selected;
   if (moved && currentIndex().isValid()) Q_EMIT RowPicked(currentIndex().row());
 }
