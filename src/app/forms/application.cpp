@@ -54,14 +54,16 @@ void Application::End(RunTimeError error) {
   std::_Exit(kExitStatus);
 }
 
-// While the report is on the screen, timers and queued calls of the rest of the program would run on with the
-// interrupted operation half done.
+// While the report is on the screen, timers and queued calls of the program's windows would run on with the
+// interrupted operation half done. The toolkit's own go on: a screen reader asks through them what the report
+// says.
 bool Application::MayReceive(const QObject* receiver, const QEvent* event) const {
   if (event->type() != QEvent::Timer && event->type() != QEvent::MetaCall) return true;
   for (const QObject* object = receiver; object != nullptr; object = object->parent()) {
-    if (object == report_ || object == this) return true;
+    if (object == report_) return true;
+    if (object->isWidgetType()) return false;
   }
-  return !receiver->isWidgetType() && receiver->parent() == nullptr;
+  return true;
 }
 
 }  // namespace bwp
