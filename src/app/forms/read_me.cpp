@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QUrl>
 
 #include "viewer/forms/text_conversion.h"
@@ -12,7 +13,8 @@ namespace bwp {
 namespace {
 
 std::string InstalledReadMe() {
-  return ToPath(QCoreApplication::applicationDirPath()) + "/" BYTEWARP_DATA_DIR "/readme.txt";
+  const QString program = QCoreApplication::applicationDirPath();
+  return ToPath(QDir::cleanPath(program + QStringLiteral("/" BYTEWARP_DATA_DIR "/readme.txt")));
 }
 
 }  // namespace
