@@ -6,7 +6,8 @@ class QPushButton;
 
 namespace bwp {
 
-/// The three buttons that move bytes between the chunk and the Buffer. What they do is the main form's to say.
+/// The three buttons that move bytes between the chunk and the Buffer. What they do is the main form's to
+/// say.
 class BufferButtons : public QWidget {
  public:
   explicit BufferButtons(QWidget* parent = nullptr);

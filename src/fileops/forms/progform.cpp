@@ -1,0 +1,95 @@
+#include "fileops/forms/progform.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "viewer/forms/text_conversion.h"
+
+namespace bwp {
+namespace {
+
+// Painting the bar for every block would cost a fast copy more than a hundredth of its time; this often is
+// smooth to the eye.
+constexpr int kPaintMilliseconds = 40;
+constexpr int kLabelLines = 2;
+
+}  // namespace
+
+Progform::Progform(QWidget* parent)
+    : QDialog(parent), bar_(new QProgressBar(this)), lab_(new PathLabel(kLabelLines, true, this)) {
+  setObjectName(QStringLiteral("Progform"));
+  setWindowTitle(QStringLiteral("Work in progress"));
+  setWindowModality(Qt::ApplicationModal);
+  bar_->setObjectName(QStringLiteral("Bar"));
+  bar_->setAccessibleName(QStringLiteral("Progress"));
+  bar_->setRange(0, 100);
+  bar_->setValue(0);
+  lab_->setObjectName(QStringLiteral("Lab"));
+  lab_->setAccessibleName(QStringLiteral("Current step"));
+  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  cancel->setObjectName(QStringLiteral("Cancel"));
+  cancel->setAccessibleName(QStringLiteral("Cancel"));
+  // An Enter that is still held down from starting the operation must not end it.
+  cancel->setAutoDefault(false);
+  connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
+
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(lab_);
+  column->addWidget(bar_);
+  column->addWidget(cancel, 0, Qt::AlignRight);
+}
+
+void Progform::SetCaption(const std::string& caption) {
+  setWindowTitle(FromPath(caption));
+}
+
+void Progform::SetLabel(const std::string& label) {
+  label_ = label;
+  lab_->setText(FromPath(label));
+}
+
+void Progform::SetBar(float percent) {
+  const int whole = static_cast<int>(std::clamp(percent, 0.0F, 100.0F));
+  if (whole == bar_->value()) return;
+  // A bar paints a new value at once unless it may not.
+  bar_->setUpdatesEnabled(false);
+  bar_->setValue(whole);
+}
+
+void Progform::Show() {
+  bar_->setUpdatesEnabled(true);
+  sincePaint_.start();
+  show();
+  raise();
+  activateWindow();
+}
+
+void Progform::Hide() {
+  hide();
+  bar_->setUpdatesEnabled(true);
+}
+
+void Progform::LetEventsRun() {
+  PaintWhenDue();
+  QCoreApplication::processEvents();
+}
+
+void Progform::PaintWhenDue() {
+  if (bar_->updatesEnabled() || !sincePaint_.hasExpired(kPaintMilliseconds)) return;
+  bar_->setUpdatesEnabled(true);
+  sincePaint_.start();
+}
+
+void LazyProgform::ClearAbort() {
+  if (form_) form_->ClearAbort();
+}
+
+Progform& LazyProgform::Form() {
+  if (!form_) form_ = std::make_unique<Progform>(parent_);
+  return *form_;
+}
+
+}  // namespace bwp

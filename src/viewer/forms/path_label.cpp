@@ -1,0 +1,78 @@
+#include "viewer/forms/path_label.h"
+
+#include <algorithm>
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+#include <QToolTip>
+
+namespace bwp {
+namespace {
+
+constexpr int kUsualLetters = 56;
+constexpr int kFewestLetters = 24;
+
+}  // namespace
+
+PathLabel::PathLabel(int lines, bool steady, QWidget* parent)
+    : QLabel(parent), lines_(lines), steady_(steady) {
+  setTextFormat(Qt::PlainText);
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+}
+
+int PathLabel::heightForWidth(int width) const {
+  const auto lines = steady_ ? lines_ : static_cast<int>(LinesAt(width).size());
+  return std::max(1, lines) * fontMetrics().lineSpacing();
+}
+
+QSize PathLabel::sizeHint() const {
+  const int width = kUsualLetters * fontMetrics().averageCharWidth();
+  return {width, heightForWidth(width)};
+}
+
+QSize PathLabel::minimumSizeHint() const {
+  return {kFewestLetters * fontMetrics().averageCharWidth(), fontMetrics().lineSpacing()};
+}
+
+bool PathLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  // As rich text with the text escaped: a tooltip breaks lines of no other kind.
+  QToolTip::showText(help->globalPos(), QStringLiteral("<p>%1</p>").arg(text().toHtmlEscaped()), this);
+  return true;
+}
+
+void PathLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  QRect line(0, 0, width(), fontMetrics().lineSpacing());
+  for (const QString& text : LinesAt(width())) {
+    style()->drawItemText(&painter, line, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), text,
+                          foregroundRole());
+    line.translate(0, line.height());
+  }
+}
+
+QStringList PathLabel::LinesAt(int width) const {
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextLayout layout(text(), font());
+  layout.setTextOption(option);
+  layout.beginLayout();
+  QStringList lines;
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    if (lines.size() + 1 == lines_) {
+      lines << fontMetrics().elidedText(text().mid(line.textStart()), Qt::ElideMiddle, width);
+      break;
+    }
+    lines << text().mid(line.textStart(), line.textLength());
+  }
+  layout.endLayout();
+  return lines;
+}
+
+}  // namespace bwp

@@ -1,0 +1,150 @@
+#include "fileops/forms/progform.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "support/forms/dialog_checks.h"
+
+namespace {
+
+class ProgformTest : public testing::Test {
+ protected:
+  QProgressBar& Bar() { return *form_.findChild<QProgressBar*>(QStringLiteral("Bar")); }
+  QLabel& Lab() { return *form_.findChild<QLabel*>(QStringLiteral("Lab")); }
+  void PressCancel() {
+    QTest::mouseClick(form_.findChild<QPushButton*>(QStringLiteral("Cancel")), Qt::LeftButton);
+  }
+
+  bwp::Progform form_{nullptr};
+};
+
+TEST_F(ProgformTest, HasItsCaptionAndControls) {
+  EXPECT_EQ(form_.objectName(), QStringLiteral("Progform"));
+  EXPECT_EQ(form_.windowTitle(), QStringLiteral("Work in progress"));
+  EXPECT_EQ(Bar().minimum(), 0);
+  EXPECT_EQ(Bar().maximum(), 100);
+  EXPECT_EQ(form_.findChild<QPushButton*>(QStringLiteral("Cancel"))->text(), QStringLiteral("Cancel"));
+  EXPECT_FALSE(form_.Aborted());
+}
+
+TEST_F(ProgformTest, ShowsCaptionAndLabelLiterally) {
+  form_.SetCaption("Saving to file ");
+  form_.SetLabel("R&D <b>/\xFF");
+  EXPECT_EQ(form_.windowTitle(), QStringLiteral("Saving to file "));
+  EXPECT_EQ(form_.Label(), "R&D <b>/\xFF");
+  EXPECT_EQ(Lab().text().left(8), QStringLiteral("R&D <b>/"));
+  EXPECT_EQ(Lab().textFormat(), Qt::PlainText);
+}
+
+TEST_F(ProgformTest, TheBarShowsTheWholePart) {
+  form_.Show();
+  for (const auto& [percent, shown] :
+       {std::pair{0.0F, 0}, {33.99F, 33}, {99.999F, 99}, {100.0F, 100}, {0.0F, 0}}) {
+    form_.SetBar(percent);
+    EXPECT_EQ(Bar().value(), shown);
+  }
+}
+
+TEST_F(ProgformTest, TheBarIsPaintedSoonAfterItWasSet) {
+  form_.Show();
+  form_.LetEventsRun();
+  form_.SetBar(60);
+  form_.LetEventsRun();
+  QTest::qSleep(50);
+  form_.LetEventsRun();
+  EXPECT_TRUE(Bar().updatesEnabled());
+}
+
+TEST_F(ProgformTest, IsTheOnlyWindowThatTakesInputWhileItIsShown) {
+  QLineEdit other;
+  other.show();
+  form_.Show();
+  EXPECT_EQ(QApplication::activeModalWidget(), &form_);
+  form_.Hide();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_TRUE(other.isEnabled());
+}
+
+TEST_F(ProgformTest, CancelOnlySetsTheFlag) {
+  form_.Show();
+  PressCancel();
+  EXPECT_TRUE(form_.Aborted());
+  EXPECT_TRUE(form_.isVisible());
+  PressCancel();
+  EXPECT_TRUE(form_.Aborted());
+  form_.Hide();
+  EXPECT_TRUE(form_.Aborted()) << "the operation clears it";
+  form_.ClearAbort();
+  EXPECT_FALSE(form_.Aborted());
+}
+
+TEST_F(ProgformTest, EscapeIsCancel) {
+  form_.Show();
+  QTest::keyClick(&form_, Qt::Key_Escape);
+  EXPECT_TRUE(form_.Aborted());
+  EXPECT_TRUE(form_.isVisible());
+}
+
+TEST_F(ProgformTest, ClosingItsFrameIsCancel) {
+  form_.Show();
+  EXPECT_FALSE(form_.close());
+  EXPECT_TRUE(form_.Aborted());
+  EXPECT_TRUE(form_.isVisible());
+}
+
+TEST_F(ProgformTest, AnEnterStillHeldFromStartingTheOperationDoesNotCancelIt) {
+  form_.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+  QTest::keyClick(&form_, Qt::Key_Return);
+  QTest::keyClick(form_.findChild<QPushButton*>(QStringLiteral("Cancel")), Qt::Key_Return);
+  EXPECT_FALSE(form_.Aborted());
+}
+
+TEST_F(ProgformTest, APressThatWaitsIsSeenWhenEventsRun) {
+  form_.Show();
+  QMetaObject::invokeMethod(
+      &form_, [this] { PressCancel(); }, Qt::QueuedConnection);
+  EXPECT_FALSE(form_.Aborted());
+  form_.LetEventsRun();
+  EXPECT_TRUE(form_.Aborted());
+}
+
+TEST_F(ProgformTest, NoLabelChangesItsSize) {
+  form_.SetLabel("Wait please");
+  form_.Show();
+  form_.LetEventsRun();
+  const QSize size = form_.size();
+  for (const std::size_t length : {0U, 60U, 200U, 4000U}) {
+    form_.SetLabel("/" + std::string(length, 'x'));
+    form_.LetEventsRun();
+    EXPECT_EQ(form_.size(), size) << length;
+    bwp::test::ExpectTidy(form_);
+  }
+}
+
+TEST(LazyProgform, IsMadeWhenItIsFirstNeeded) {
+  QWidget window;
+  bwp::LazyProgform progress(&window);
+  progress.ClearAbort();
+  EXPECT_FALSE(progress.Aborted());
+  EXPECT_EQ(progress.Label(), "");
+  EXPECT_TRUE(window.children().isEmpty());
+  progress.SetLabel("Wait please");
+  auto* form = window.findChild<QDialog*>(QStringLiteral("Progform"));
+  ASSERT_NE(form, nullptr);
+  progress.Show();
+  EXPECT_TRUE(form->isVisible());
+  progress.LetEventsRun();
+  QTest::keyClick(form, Qt::Key_Escape);
+  EXPECT_TRUE(progress.Aborted());
+  progress.Hide();
+  progress.ClearAbort();
+  EXPECT_FALSE(progress.Aborted());
+  EXPECT_EQ(window.findChildren<QDialog*>().size(), 1);
+}
+
+}  // namespace
