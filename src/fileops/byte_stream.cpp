@@ -7,6 +7,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "fileops/uninterrupted.h"
 #include "viewer/run_time_error.h"
 
 namespace FileSystem {
@@ -84,7 +85,10 @@ std::int64_t ReadStream::Length() const {
 }
 
 WriteStream::WriteStream(const bwp::Disk& disk, const std::string& path)
-    : WriteStream(disk, disk.Open(path, O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK, kNewFileMode), path) {
+    : WriteStream(disk, bwp::Uninterrupted([&] {
+                    return disk.Open(path, O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK, kNewFileMode);
+                  }),
+                  path) {
   if (descriptor_ < 0) throw RunTimeErrorFromErrno(errno, path);
   RefuseUnlessRegular(descriptor_, path);
 }

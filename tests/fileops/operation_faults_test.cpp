@@ -1,0 +1,243 @@
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include "fileops/buffer_operations.h"
+#include "fileops/save.h"
+#include "support/failing_disk.h"
+#include "support/workplace.h"
+#include "viewer/open_view_file.h"
+
+// Every call that changes the disk fails once, one after the other, until the operation runs through; what
+// must never be lost is looked at each time.
+namespace {
+
+using bwp::test::FailingDisk;
+using bwp::test::Fault;
+using bwp::test::NameOf;
+using bwp::test::PatternBytes;
+using bwp::test::ReadFile;
+using bwp::test::Workplace;
+
+constexpr Fault kFaults[] = {Fault::kNoSpace, Fault::kDeviceError, Fault::kShortWrite, Fault::kInterrupted,
+                             Fault::kNoPermission};
+constexpr std::int64_t kStart = 1'000;
+constexpr std::int64_t kLength = 20;
+constexpr mode_t kMode = 0640;
+constexpr uid_t kOwner = 1234;
+
+const std::string& OldBytes() {
+  static const std::string bytes = PatternBytes(3'000);
+  return bytes;
+}
+
+const std::string kBuffer = "bytes that were cut before";
+
+struct Operation {
+  const char* name;
+  void (*run)(Workplace&);
+  std::string newBytes;   // What the open file may hold afterwards instead of the old bytes.
+  std::string newBuffer;  // What the Buffer holds then.
+};
+
+void PrintTo(const Operation& operation, std::ostream* out) {
+  *out << operation.name;
+}
+
+std::vector<Operation> Operations() {
+  const std::string& old = OldBytes();
+  const std::string chunk = old.substr(kStart, kLength);
+  const std::string without = std::string(old).erase(kStart, kLength);
+  const std::string with = std::string(old).insert(kStart, kBuffer);
+  return {
+      {"Copy", [](Workplace& place) { CopyChunk(place.state, place.services); }, old, chunk},
+      {"Cut", [](Workplace& place) { CutChunk(place.state, place.services); }, without, chunk},
+      {"CancelledCut",
+       [](Workplace& place) {
+         place.progress.CancelAtEvents(5);
+         CutChunk(place.state, place.services);
+       },
+       old, kBuffer},
+      {"Insert", [](Workplace& place) { InsertBuffer(place.state, place.services, "bms"); }, with, kBuffer},
+      {"SaveAs",
+       [](Workplace& place) {
+         SaveUnderTypedName(place.state, place.services, SaveAsTask(place.state), "copy");
+       },
+       old, kBuffer},
+      {"SaveChunk",
+       [](Workplace& place) {
+         SaveUnderTypedName(place.state, place.services, SaveChunkTask(place.state), "copy");
+       },
+       old, kBuffer},
+  };
+}
+
+std::size_t OpenDescriptors() {
+  const std::filesystem::directory_iterator all("/proc/self/fd");
+  return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+}
+
+// One run with one fault.
+class Trial {
+ public:
+  Trial(const Operation& operation, const std::string& temporaryUnder, int number, Fault fault)
+      : operation_(operation), fault_(fault), place_(OldBytes(), disk_, "/dev/shm", temporaryUnder) {
+    data_ = place_.state.OpenFile;
+    EXPECT_EQ(chmod(data_.c_str(), kMode), 0);
+    if (geteuid() == 0) {
+      EXPECT_EQ(chown(data_.c_str(), kOwner, kOwner), 0);
+    }
+    attributes_ = setxattr(data_.c_str(), "user.colour", "blue", 4, 0) == 0;
+    place_.folder.Write("copy", "old");
+    place_.state.LastFolder = place_.folder.Path();
+    place_.state.BufferData = kBuffer;
+    place_.state.BufferIsCut = true;
+    place_.Mark(kStart, kStart + kLength - 1);
+    disk_.FailAt(number, fault);
+  }
+
+  // True when the fault came to pass.
+  bool Run() {
+    const std::size_t descriptors = OpenDescriptors();
+    const bool wasOpen = place_.state.file.IsOpen();
+    try {
+      operation_.run(place_);
+    } catch (const bwp::RunTimeError& error) {
+      CheckReport(error);
+    }
+    const std::size_t closed = wasOpen && !place_.state.file.IsOpen() ? 1 : 0;
+    EXPECT_EQ(OpenDescriptors() + closed, descriptors);
+    const std::string failed = disk_.Failed();
+    SCOPED_TRACE(failed);
+    CheckFiles();
+    CheckBuffer();
+    CheckNextOperation();
+    return !failed.empty();
+  }
+
+ private:
+  void CheckReport(const bwp::RunTimeError& error) {
+    EXPECT_NE(fault_, Fault::kInterrupted) << error.Report();
+    EXPECT_NE(fault_, Fault::kShortWrite) << error.Report();
+    const int expected = fault_ == Fault::kNoSpace ? 61 : fault_ == Fault::kDeviceError ? 57 : 70;
+    EXPECT_EQ(error.number, expected) << error.Report();
+    EXPECT_TRUE(error.path.starts_with(place_.folder.Path()) ||
+                error.path.starts_with(place_.temporary.Path()))
+        << error.Report();
+  }
+
+  bool StandsAsNew() const { return place_.state.OpenFile == data_ + ".new"; }
+
+  bool IsRewritten() const { return StandsAsNew() || ReadFile(data_) != OldBytes(); }
+
+  void CheckFiles() {
+    EXPECT_EQ(place_.temporary.Names(), std::vector<std::string>{});
+    std::vector<std::string> names = place_.folder.Names();
+    // Deleted for the save that then failed, or never touched, or saved whole.
+    if (std::erase(names, "copy") == 1) {
+      const std::string copy = ReadFile(place_.folder / "copy");
+      EXPECT_TRUE(copy == "old" || copy == OldBytes() || copy == OldBytes().substr(kStart, kLength));
+    }
+    std::vector<std::string> expected{"data"};
+    if (StandsAsNew()) {
+      EXPECT_EQ(fault_, Fault::kNoPermission);
+      expected.emplace_back("data.new");
+      EXPECT_EQ(ReadFile(data_), OldBytes());
+      CheckNewContent(data_ + ".new");
+    } else if (IsRewritten()) {
+      CheckNewContent(data_);
+    }
+    EXPECT_EQ(names, expected);
+  }
+
+  void CheckNewContent(const std::string& path) {
+    EXPECT_EQ(ReadFile(path), operation_.newBytes);
+    struct stat status = {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    const bool ownerRefused = disk_.Failed() == "change owner" && fault_ == Fault::kNoPermission;
+    EXPECT_EQ(status.st_mode & 07777U, kMode);
+    if (geteuid() == 0 && !ownerRefused) {
+      EXPECT_EQ(status.st_uid, kOwner);
+    }
+    if (geteuid() == 0) {
+      EXPECT_EQ(status.st_gid, kOwner);
+    }
+    char colour[8] = {};
+    if (attributes_) {
+      EXPECT_EQ(getxattr(path.c_str(), "user.colour", colour, sizeof colour), 4);
+    }
+  }
+
+  void CheckBuffer() {
+    const bool asBefore = place_.state.BufferData == kBuffer && place_.state.BufferIsCut;
+    if (IsRewritten()) {
+      EXPECT_EQ(place_.state.BufferData, operation_.newBuffer);
+      EXPECT_TRUE(place_.state.BufferIsCut);
+    } else if (operation_.newBytes != OldBytes()) {
+      EXPECT_TRUE(asBefore);
+    } else {
+      EXPECT_TRUE(asBefore || place_.state.BufferData == operation_.newBuffer);
+    }
+  }
+
+  void CheckNextOperation() {
+    disk_.FailAt(0, fault_);
+    place_.progress.ClearAbort();
+    place_.progress.CancelAtEvents(0);
+    OpenViewFile(place_.state, data_);
+    place_.Mark(0, 9);
+    const std::string bytes = ReadFile(data_);
+    CutChunk(place_.state, place_.services);
+    EXPECT_EQ(ReadFile(data_), bytes.substr(10));
+    EXPECT_EQ(place_.state.BufferData, bytes.substr(0, 10));
+  }
+
+  const Operation& operation_;
+  Fault fault_;
+  FailingDisk disk_;
+  Workplace place_;
+  std::string data_;
+  bool attributes_ = false;
+};
+
+class EveryFault : public testing::TestWithParam<Operation> {
+ protected:
+  // How many calls there are to fail.
+  static int FailOneCallAfterTheOther(const std::string& temporaryUnder) {
+    int calls = 0;
+    for (const Fault fault : kFaults) {
+      for (int number = 1;; ++number) {
+        SCOPED_TRACE(std::string(NameOf(fault)) + " at call " + std::to_string(number));
+        if (!Trial(GetParam(), temporaryUnder, number, fault).Run()) break;
+        calls = std::max(calls, number);
+        if (HasFailure()) return calls;
+      }
+    }
+    return calls;
+  }
+
+  static bool Rewrites() { return GetParam().newBytes != OldBytes(); }
+};
+
+TEST_P(EveryFault, OnOneFileSystemLosesNothing) {
+  const int calls = FailOneCallAfterTheOther("/dev/shm");
+  if (Rewrites()) {
+    EXPECT_GE(calls, 15);
+  }
+}
+
+TEST_P(EveryFault, AcrossTwoFileSystemsLosesNothing) {
+  const int calls = FailOneCallAfterTheOther("/var/tmp");
+  if (Rewrites()) {
+    EXPECT_GE(calls, 18);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, EveryFault, testing::ValuesIn(Operations()),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+}  // namespace
