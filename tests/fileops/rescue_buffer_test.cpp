@@ -1,0 +1,106 @@
+#include "fileops/rescue_buffer.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "fileops/buffer_operations.h"
+#include "support/failing_disk.h"
+#include "support/workplace.h"
+
+namespace {
+
+using bwp::BufferRescue;
+using bwp::RescueBuffer;
+using bwp::test::FailingDisk;
+using bwp::test::Fault;
+using bwp::test::ReadFile;
+using bwp::test::ScopedVariable;
+using bwp::test::TempFolder;
+using bwp::test::Workplace;
+using Names = std::vector<std::string>;
+
+TEST(RescueBuffer, WritesCutBytesBesideTheTemporaryFileForTheUserAlone) {
+  Workplace place("0123456789");
+  place.Mark(3, 5);
+  CutChunk(place.state, place.services);
+  const BufferRescue rescue = RescueBuffer(place.state, place.services.disk);
+  EXPECT_EQ(rescue.path.find(place.temporary / "bytewarp-buffer-"), 0U) << rescue.path;
+  EXPECT_EQ(ReadFile(rescue.path), "345");
+  EXPECT_EQ(rescue.note, "The bytes that were cut into the Buffer are kept in " + rescue.path);
+  struct stat status = {};
+  ASSERT_EQ(stat(rescue.path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777U, 0600U);
+}
+
+TEST(RescueBuffer, NeverWritesOverAnEarlierRescue) {
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  RescueBuffer(place.state, place.services.disk);
+  RescueBuffer(place.state, place.services.disk);
+  EXPECT_EQ(place.temporary.Names().size(), 2U);
+}
+
+TEST(RescueBuffer, HasNothingToDoForAnEmptyOrACopiedBuffer) {
+  Workplace place("0123456789");
+  EXPECT_EQ(RescueBuffer(place.state, place.services.disk).note, "");
+  CopyChunk(place.state, place.services);
+  const BufferRescue rescue = RescueBuffer(place.state, place.services.disk);
+  EXPECT_EQ(rescue.path, "");
+  EXPECT_EQ(rescue.note, "");
+  EXPECT_EQ(place.temporary.Names(), Names{});
+}
+
+TEST(RescueBuffer, GoesHomeWhenNoOtherFolderTakesTheBytes) {
+  const TempFolder home;
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  const ScopedVariable noFolder("TMPDIR", (home / "missing").c_str());
+  const ScopedVariable itsHome("HOME", home.Path().c_str());
+  // The missing folder takes the first call by itself.
+  FailingDisk disk;
+  disk.FailAt(2, Fault::kNoPermission);
+  const BufferRescue rescue = RescueBuffer(place.state, disk);
+  ASSERT_EQ(home.Names().size(), 1U);
+  EXPECT_EQ(rescue.path, home / home.Names().front());
+  EXPECT_EQ(ReadFile(rescue.path), "0123456789");
+}
+
+// A disk that takes nothing at all.
+class DeadDisk : public bwp::Disk {
+ public:
+  int Open(const std::string&, int, mode_t) const override {
+    errno = EIO;
+    return -1;
+  }
+};
+
+TEST(RescueBuffer, SaysWhyWhenThereIsNoWay) {
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  const BufferRescue rescue = RescueBuffer(place.state, DeadDisk());
+  EXPECT_EQ(rescue.path, "");
+  EXPECT_EQ(rescue.note.find("The bytes that were cut into the Buffer could not be kept (Device I/O error: " +
+                             place.temporary.Path()),
+            0U)
+      << rescue.note;
+}
+
+TEST(RescueBuffer, LosesNothingToASingleFault) {
+  for (const Fault fault : {Fault::kNoSpace, Fault::kDeviceError, Fault::kShortWrite, Fault::kInterrupted}) {
+    for (int number = 1;; ++number) {
+      const TempFolder home;
+      const ScopedVariable itsHome("HOME", home.Path().c_str());
+      Workplace place("0123456789");
+      CutChunk(place.state, place.services);
+      FailingDisk disk;
+      disk.FailAt(number, fault);
+      const BufferRescue rescue = RescueBuffer(place.state, disk);
+      EXPECT_EQ(ReadFile(rescue.path), "0123456789");
+      EXPECT_LE(place.temporary.Names().size(), 1U);
+      if (!rescue.path.starts_with(place.temporary.Path())) remove(rescue.path.c_str());
+      if (disk.Failed().empty()) break;
+    }
+  }
+}
+
+}  // namespace
