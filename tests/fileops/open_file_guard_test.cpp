@@ -65,4 +65,11 @@ TEST_F(OpenFileGuard, HasNothingToGuardWithoutAnOpenFile) {
   EXPECT_TRUE(MayDelete(folder / "open"));
 }
 
+TEST_F(OpenFileGuard, FollowsALoopOfLinksOnlySoFar) {
+  EXPECT_EQ(symlink("loop", (folder / "loop").c_str()), 0);
+  state.OpenFile = folder / "loop";
+  EXPECT_FALSE(MayDelete(folder / "loop"));
+  EXPECT_TRUE(MayDelete(folder / "open"));
+}
+
 }  // namespace
