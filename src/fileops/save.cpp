@@ -88,7 +88,7 @@ SaveTask SaveChunkTask(const ViewState& state) {
 }
 
 void SaveUnderTypedName(ViewState& state, Services& services, const SaveTask& task, const std::string& name) {
-  const std::string path = state.LastFolder + name;
+  const std::string path = funzioni::PathIn(state.LastFolder, name);
   SaveAndShow(state, services, task, path,
               "File  '" + funzioni::NameOf(path) + "'  exist, do you want to overwrite ?");
 }

@@ -1,0 +1,43 @@
+#include "fileops/forms/saver.h"
+
+#include "viewer/forms/text_conversion.h"
+
+namespace bwp {
+
+Saver::Saver(ViewState& state, Services& services, QWidget* parent)
+    : FileDialog(state, services.notices, parent),
+      Ftext_(AddField(QStringLiteral("Ftext"), QStringLiteral("Save as"))) {
+  setObjectName(QStringLiteral("Saver"));
+  QPushButton& fsave = AddButton(QStringLiteral("Fsave"), QStringLiteral("Save"));
+  AddCancel();
+  // Without a name there is nothing to save to.
+  fsave.setEnabled(false);
+  connect(&Ftext_, &QLineEdit::textChanged, &fsave,
+          [&fsave](const QString& name) { fsave.setEnabled(!name.isEmpty()); });
+
+  connect(&Lists(), &FileLists::FilePicked, this,
+          [this](int, const std::string& name) { Ftext_.setText(FromPath(name)); });
+  connect(&Lists(), &FileLists::FileChosen, this, [this, &state, &services](const std::string& name) {
+    hide();
+    SaveOntoListedFile(state, services, Task(), name);
+  });
+  connect(&fsave, &QPushButton::clicked, this, [this, &state, &services] {
+    hide();
+    SaveUnderTypedName(state, services, Task(), ToPath(Ftext_.text()));
+  });
+}
+
+void Saver::Open(const SaveTask& task) {
+  setWindowTitle(FromPath(task.caption));
+  from = task.from;
+  to = task.to;
+  Present();
+  Ftext_.setFocus();
+  Ftext_.selectAll();
+}
+
+SaveTask Saver::Task() const {
+  return {ToPath(windowTitle()), from, to};
+}
+
+}  // namespace bwp
