@@ -1,0 +1,310 @@
+#include "splitjoin/forms/divide.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include "splitjoin/forms/division_view.h"
+#include "splitjoin/forms/up_down.h"
+#include "viewer/forms/text_conversion.h"
+#include "viewer/forms/units.h"
+
+namespace bwp {
+namespace {
+
+// The form's smallest size, and by how much slider and frame are narrower than it, in form units.
+constexpr double kLeastWidth = 8670;
+constexpr double kLeastHeight = 3930;
+constexpr double kSliderNarrower = 105;
+constexpr double kFrameNarrower = 460;
+
+constexpr int kFirstHeight = 330;
+
+QLineEdit* NumberField(QWidget* form, const char* name, const char* spoken, const QString& tip) {
+  auto* const field = new QLineEdit(form);
+  field->setObjectName(QLatin1String(name));
+  field->setAccessibleName(QLatin1String(spoken));
+  field->setToolTip(tip);
+  field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  field->setAlignment(Qt::AlignRight);
+  return field;
+}
+
+QPushButton* Button(QWidget* form, const char* name) {
+  auto* const button = new QPushButton(QLatin1String(name), form);
+  button->setObjectName(QLatin1String(name));
+  // Enter belongs to the fields.
+  button->setAutoDefault(false);
+  return button;
+}
+
+QLabel* LabelFor(QWidget* field, const QString& text) {
+  auto* const label = new QLabel(text, field->parentWidget());
+  label->setBuddy(field);
+  return label;
+}
+
+QLabel* Heading(QWidget* form, const QString& text) {
+  auto* const label = new QLabel(text, form);
+  label->setAlignment(Qt::AlignRight);
+  return label;
+}
+
+// A row that is narrower than the form by that many units, in its middle.
+QHBoxLayout* RowOf(QWidget* widget, double narrower) {
+  auto* const row = new QHBoxLayout;
+  const int pixels = ToPixels(narrower);
+  row->setContentsMargins(pixels / 2, 0, pixels - pixels / 2, 0);
+  row->addWidget(widget);
+  return row;
+}
+
+// Writes a text that is not there yet: the cursor of a field that is typed into stays where it is.
+void Write(QLineEdit& field, const std::string& text) {
+  const QString shown = FromCodePage(text);
+  if (field.text() == shown) return;
+  const QSignalBlocker quiet(&field);
+  field.setText(shown);
+}
+
+}  // namespace
+
+Divide::Divide(SplitPlan& plan, QWidget* parent) : QDialog(parent), plan_(plan) {
+  setObjectName(QStringLiteral("Divide"));
+  setWindowTitle(QStringLiteral("Split and join tool"));
+  setWindowFlag(Qt::WindowMinMaxButtonsHint);
+  setMinimumSize(ToPixels(kLeastWidth), ToPixels(kLeastHeight));
+  MakeControls();
+  LayOut();
+  ConnectControls();
+  ConnectSizeFields();
+  resize(ToPixels(kLeastWidth), kFirstHeight);
+}
+
+void Divide::MakeControls() {
+  division_ = new DivisionView(this);
+  division_->setObjectName(QStringLiteral("Division"));
+  division_->setAccessibleName(QStringLiteral("Division of the file into parts"));
+  sly_ = new QSlider(Qt::Horizontal, this);
+  sly_->setObjectName(QStringLiteral("Sly"));
+  sly_->setAccessibleName(QStringLiteral("Part size"));
+  sly_->setToolTip(QStringLiteral("Drag to select part size, the graphic shows the division"));
+  sly_->installEventFilter(this);
+  nChunk_ =
+      NumberField(this, "NChunk", "Number of parts", QStringLiteral("Select the desired number of parts"));
+  udCh_ = new UpDown(this);
+  udCh_->setObjectName(QStringLiteral("UDCh"));
+  udCh_->setAccessibleName(QStringLiteral("Number of parts, one more or less"));
+  udCh_->setToolTip(QStringLiteral("Click to select the number of parts"));
+  const QString sizeTip = QStringLiteral("Type in the single part Max size (%1)");
+  dChsize_ = NumberField(this, "DChsize", "Part size, decimal", sizeTip.arg(QStringLiteral("DEC")));
+  hcHsize_ = NumberField(this, "HCHsize", "Part size, hexadecimal", sizeTip.arg(QStringLiteral("HEX")));
+  const QString lastTip = QStringLiteral("Shows the size of the last part (%1)");
+  dlast_ = NumberField(this, "Dlast", "Size of the last part, decimal", lastTip.arg(QStringLiteral("DEC")));
+  hlast_ =
+      NumberField(this, "Hlast", "Size of the last part, hexadecimal", lastTip.arg(QStringLiteral("HEX")));
+  dlast_->setReadOnly(true);
+  hlast_->setReadOnly(true);
+  preset_ = new QComboBox(this);
+  preset_->setObjectName(QStringLiteral("Preset"));
+  preset_->setAccessibleName(QStringLiteral("Preset part sizes"));
+  preset_->setToolTip(QStringLiteral("Presets of some useful partsizes"));
+  preset_->setPlaceholderText(QStringLiteral("Choose a medium"));
+  for (const SizePreset& preset : kSizePresets) {
+    preset_->addItem(QLatin1String(preset.name), QVariant::fromValue<qlonglong>(preset.bytes));
+  }
+  preset_->setCurrentIndex(-1);
+  split_ = Button(this, "Split");
+  join_ = Button(this, "Join");
+  cancel_ = Button(this, "Cancel");
+}
+
+void Divide::LayOut() {
+  auto* const count = new QHBoxLayout;
+  count->setSpacing(0);
+  count->addWidget(nChunk_);
+  count->addWidget(udCh_);
+
+  auto* const fields = new QGridLayout;
+  fields->addWidget(Heading(this, QStringLiteral("Decimal")), 0, 1);
+  fields->addWidget(Heading(this, QStringLiteral("Hexadecimal")), 0, 2);
+  fields->addWidget(LabelFor(dChsize_, QStringLiteral("Part size:")), 1, 0);
+  fields->addWidget(dChsize_, 1, 1);
+  fields->addWidget(hcHsize_, 1, 2);
+  fields->addWidget(LabelFor(dlast_, QStringLiteral("Last part size:")), 2, 0);
+  fields->addWidget(dlast_, 2, 1);
+  fields->addWidget(hlast_, 2, 2);
+  fields->setColumnMinimumWidth(3, 12);
+  fields->addWidget(LabelFor(nChunk_, QStringLiteral("Number of parts:")), 1, 4);
+  fields->addLayout(count, 1, 5);
+  fields->addWidget(LabelFor(preset_, QStringLiteral("Preset part size:")), 2, 4);
+  fields->addWidget(preset_, 2, 5);
+  for (const int column : {1, 2, 5}) fields->setColumnStretch(column, 1);
+
+  auto* const buttons = new QHBoxLayout;
+  buttons->addStretch();
+  for (QPushButton* const button : {split_, join_, cancel_}) buttons->addWidget(button);
+
+  const int margin = ToPixels(kFrameNarrower) / 2;
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, margin, 0, margin);
+  rows->addLayout(RowOf(division_, kFrameNarrower), 1);
+  rows->addLayout(RowOf(sly_, kSliderNarrower));
+  for (QLayout* const layout : {static_cast<QLayout*>(fields), static_cast<QLayout*>(buttons)}) {
+    layout->setContentsMargins(margin, 0, margin, 0);
+    rows->addLayout(layout);
+  }
+}
+
+void Divide::ConnectControls() {
+  connect(sly_, &QSlider::valueChanged, this, [this](int position) { MoveSlider(position); });
+  connect(udCh_, &UpDown::DownClicked, this, [this] {
+    plan_.ClickCountDown(udCh_->value());
+    ShowPlan();
+  });
+  connect(udCh_, &QSpinBox::valueChanged, this, [this](int count) {
+    plan_.ChangeCount(count);
+    ShowPlan();
+  });
+  connect(nChunk_, &QLineEdit::returnPressed, this, [this] {
+    plan_.EnterCount(ToCodePage(nChunk_->text()));
+    ShowPlan();
+  });
+  connect(preset_, &QComboBox::activated, this, [this](int index) {
+    plan_.ChoosePreset(index);
+    ShowPlan();
+  });
+  connect(split_, &QPushButton::clicked, this, [this] { Q_EMIT SplitClicked(); });
+  connect(join_, &QPushButton::clicked, this, [this] { Q_EMIT JoinClicked(); });
+  connect(cancel_, &QPushButton::clicked, this, [this] { hide(); });
+}
+
+void Divide::ConnectSizeFields() {
+  connect(dChsize_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    plan_.TypeDecimalSize(ToCodePage(text));
+    ShowFields();
+  });
+  connect(dChsize_, &QLineEdit::returnPressed, this, [this] {
+    plan_.EnterDecimalSize(ToCodePage(dChsize_->text()));
+    ShowPlan();
+  });
+  connect(hcHsize_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    plan_.TypeHexSize(ToCodePage(text));
+    ShowFields();
+  });
+  connect(hcHsize_, &QLineEdit::returnPressed, this, [this] {
+    plan_.EnterHexSize(ToCodePage(hcHsize_->text()));
+    ShowPlan();
+  });
+}
+
+void Divide::Open() {
+  plan_.init();
+  Plan();
+  show();
+  raise();
+  activateWindow();
+}
+
+bool Divide::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show) {
+    Plan();
+  }
+  return handled;
+}
+
+void Divide::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  // Before the first show there is no plan; minimised there is nothing to see.
+  if (!isVisible() || isMinimized()) return;
+  layout()->activate();
+  Plan();
+}
+
+void Divide::Plan() {
+  plan_.Agggraph();
+  ShowPlan();
+}
+
+bool Divide::eventFilter(QObject* watched, QEvent* event) {
+  const auto isKeyRepeat = [event] { return static_cast<QKeyEvent*>(event)->isAutoRepeat(); };
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::KeyPress:
+      sliderHeld_ = true;
+      break;
+    case QEvent::KeyRelease:
+      if (!isKeyRepeat()) LetGoOfSlider();
+      break;
+    case QEvent::MouseButtonRelease:
+      LetGoOfSlider();
+      break;
+    case QEvent::FocusOut:
+      if (sliderHeld_) LetGoOfSlider();
+      break;
+    default:
+      break;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+// Whatever moves the slider without holding it, as the wheel does, lets go of it at once.
+void Divide::MoveSlider(int position) {
+  plan_.DragSlider(position);
+  ShowFields();
+  if (!sliderHeld_) LetGoOfSlider();
+}
+
+void Divide::LetGoOfSlider() {
+  sliderHeld_ = false;
+  plan_.ReleaseSlider(sly_->value());
+  ShowPlan();
+}
+
+void Divide::ShowPlan() {
+  ShowLimits();
+  ShowFields();
+  {
+    const QSignalBlocker quietSlider(sly_);
+    const QSignalBlocker quietArrows(udCh_);
+    sly_->setValue(static_cast<int>(plan_.Fields().Sly));
+    udCh_->setValue(static_cast<int>(plan_.Fields().UDCh));
+  }
+  sly_->update();
+  setWindowTitle(FromCodePage(plan_.Title()));
+  division_->ShowBoxes(DivisionBoxes(plan_.FileSize(), plan_.PartSize(), division_->Frame()));
+}
+
+void Divide::ShowFields() {
+  const PlanFields& fields = plan_.Fields();
+  Write(*nChunk_, fields.NChunk);
+  Write(*dChsize_, fields.DChsize);
+  Write(*hcHsize_, fields.HCHsize);
+  Write(*dlast_, fields.Dlast);
+  Write(*hlast_, fields.Hlast);
+  split_->setEnabled(plan_.CanSplit());
+}
+
+void Divide::ShowLimits() {
+  const PlanFields& fields = plan_.Fields();
+  const QSignalBlocker quietSlider(sly_);
+  const QSignalBlocker quietArrows(udCh_);
+  sly_->setRange(static_cast<int>(fields.minimum), static_cast<int>(fields.maximum));
+  sly_->setPageStep(static_cast<int>(fields.sliderStep));
+  udCh_->setRange(static_cast<int>(fields.minimum), static_cast<int>(fields.maximum));
+  const bool hasBytes = plan_.FileSize() > 0;
+  for (QWidget* const control :
+       std::initializer_list<QWidget*>{sly_, udCh_, nChunk_, dChsize_, hcHsize_, preset_}) {
+    control->setEnabled(hasBytes);
+  }
+}
+
+}  // namespace bwp

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QDialog>
+
+#include "splitjoin/split_plan.h"
+
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+class QSlider;
+
+namespace bwp {
+
+class DivisionView;
+class UpDown;
+
+/// The form `Divide`: sets the part size in any of seven ways and shows the plan that follows.
+class Divide : public QDialog {
+  Q_OBJECT
+
+ public:
+  Divide(SplitPlan& plan, QWidget* parent);
+
+  /// Prepares for the open file and shows the form.
+  void Open();
+
+ Q_SIGNALS:
+  void SplitClicked();
+  void JoinClicked();
+
+ protected:
+  bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void MakeControls();
+  void LayOut();
+  void ConnectControls();
+  void ConnectSizeFields();
+  void MoveSlider(int position);
+  void LetGoOfSlider();
+  void Plan();
+  void ShowPlan();
+  void ShowFields();
+  void ShowLimits();
+
+  SplitPlan& plan_;
+  bool sliderHeld_ = false;  ///< A key or the mouse button is down on the slider.
+  DivisionView* division_;
+  QSlider* sly_;
+  UpDown* udCh_;
+  QLineEdit* nChunk_;
+  QLineEdit* dChsize_;
+  QLineEdit* hcHsize_;
+  QLineEdit* dlast_;
+  QLineEdit* hlast_;
+  QComboBox* preset_;
+  QPushButton* split_;
+  QPushButton* join_;
+  QPushButton* cancel_;
+};
+
+}  // namespace bwp

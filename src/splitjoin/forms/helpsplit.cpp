@@ -1,0 +1,43 @@
+#include "splitjoin/forms/helpsplit.h"
+
+#include <QFontDatabase>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include "splitjoin/help_text.h"
+#include "viewer/forms/text_conversion.h"
+
+namespace bwp {
+namespace {
+
+constexpr int kColumns = 56;
+constexpr int kRows = 26;
+
+}  // namespace
+
+Helpsplit::Helpsplit(QWidget* parent) : QDialog(parent) {
+  setObjectName(QStringLiteral("Helpsplit"));
+  setWindowTitle(QStringLiteral("Split and Join Help"));
+  auto* const text = new QTextEdit(this);
+  text->setObjectName(QStringLiteral("HelpText"));
+  text->setAccessibleName(QStringLiteral("Help on split and join"));
+  // The columns of the text line up in a fixed font only.
+  text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  text->setLineWrapMode(QTextEdit::NoWrap);
+  text->setReadOnly(true);
+  text->setPlainText(FromCodePage(SplitJoinHelp()));
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(text);
+  const QFontMetrics metrics(text->font());
+  resize(metrics.averageCharWidth() * kColumns, metrics.lineSpacing() * kRows);
+}
+
+void Helpsplit::Open() {
+  setWindowTitle(QStringLiteral("Split & Join Help"));
+  show();
+  raise();
+  activateWindow();
+}
+
+}  // namespace bwp

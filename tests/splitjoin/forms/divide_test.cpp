@@ -1,0 +1,294 @@
+#include "splitjoin/forms/divide.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QStyleOptionSlider>
+#include <QStyleOptionSpinBox>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "splitjoin/forms/division_view.h"
+
+namespace {
+
+class Divide : public testing::Test {
+ protected:
+  Divide() { Show(1000); }
+
+  void Show(std::int64_t fileSize) {
+    state.OpenFile = "/files/f.bin";
+    state.FLen = fileSize;
+    state.MarkStart = 0;
+    state.MarkEnd = fileSize - 1;
+    form.Open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  }
+  QLineEdit& Field(const char* name) { return Find<QLineEdit>(name); }
+  std::string Text(const char* name) { return Field(name).text().toStdString(); }
+  template <typename Widget>
+  Widget& Find(const char* name) {
+    return *form.findChild<Widget*>(QLatin1String(name));
+  }
+  void Type(const char* name, const char* text) {
+    Field(name).setFocus();
+    Field(name).selectAll();
+    QTest::keyClicks(&Field(name), QLatin1String(text));
+  }
+  void Enter(const char* name, const char* text) {
+    Type(name, text);
+    QTest::keyClick(&Field(name), Qt::Key_Return);
+  }
+  QPoint ThumbCentre() {
+    QSlider& sly = Find<QSlider>("Sly");
+    QStyleOptionSlider option;
+    option.initFrom(&sly);
+    option.orientation = Qt::Horizontal;
+    option.minimum = sly.minimum();
+    option.maximum = sly.maximum();
+    option.sliderPosition = sly.sliderPosition();
+    option.sliderValue = sly.value();
+    return sly.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &sly).center();
+  }
+  void ClickArrow(QStyle::SubControl arrow) {
+    QSpinBox& upDown = Find<QSpinBox>("UDCh");
+    QStyleOptionSpinBox option;
+    option.initFrom(&upDown);
+    option.frame = true;
+    option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
+    const QRect rect = upDown.style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, &upDown);
+    QTest::mouseClick(&upDown, Qt::LeftButton, {}, rect.center());
+  }
+
+  bwp::ViewState state;
+  bwp::SplitPlan plan{state};
+  bwp::Divide form{plan, nullptr};
+};
+
+TEST_F(Divide, HasItsControlsUnderTheirNames) {
+  EXPECT_EQ(form.objectName(), QStringLiteral("Divide"));
+  const std::pair<const char*, const char*> tips[] = {
+      {"Sly", "Drag to select part size, the graphic shows the division"},
+      {"UDCh", "Click to select the number of parts"},
+      {"NChunk", "Select the desired number of parts"},
+      {"DChsize", "Type in the single part Max size (DEC)"},
+      {"HCHsize", "Type in the single part Max size (HEX)"},
+      {"Dlast", "Shows the size of the last part (DEC)"},
+      {"Hlast", "Shows the size of the last part (HEX)"},
+      {"Preset", "Presets of some useful partsizes"},
+      {"Split", ""},
+      {"Join", ""},
+      {"Cancel", ""}};
+  for (const auto& [name, tip] : tips) {
+    auto* const control = form.findChild<QWidget*>(QLatin1String(name));
+    ASSERT_NE(control, nullptr) << name;
+    EXPECT_EQ(control->toolTip(), QLatin1String(tip)) << name;
+  }
+}
+
+TEST_F(Divide, BearsItsNameUntilItHasAPlan) {
+  const bwp::Divide unseen(plan, nullptr);
+  EXPECT_EQ(unseen.windowTitle(), QStringLiteral("Split and join tool"));
+}
+
+TEST_F(Divide, ShowsThePlanOfTheMarkedChunkWhenItIsOpened) {
+  state.MarkEnd = 299;
+  form.Open();
+  EXPECT_EQ(Text("DChsize"), "300");
+  EXPECT_EQ(Text("HCHsize"), "0000012C");
+  EXPECT_EQ(Text("NChunk"), "4");
+  EXPECT_EQ(Text("Dlast"), "100");
+  EXPECT_EQ(Text("Hlast"), "00000064");
+  EXPECT_EQ(Find<QSlider>("Sly").value(), 300);
+  EXPECT_EQ(Find<QSpinBox>("UDCh").value(), 4);
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Split and Join Tool - Filesize:  1000 - Verified: 1000"));
+}
+
+TEST_F(Divide, LimitsSliderAndArrowsToTheFile) {
+  EXPECT_EQ(Find<QSlider>("Sly").minimum(), 1);
+  EXPECT_EQ(Find<QSlider>("Sly").maximum(), 1000);
+  EXPECT_EQ(Find<QSlider>("Sly").pageStep(), 32);
+  EXPECT_EQ(Find<QSpinBox>("UDCh").property("minimum"), 1);
+  EXPECT_EQ(Find<QSpinBox>("UDCh").property("maximum"), 1000);
+  EXPECT_EQ(Find<QSpinBox>("UDCh").property("value"), 1);
+}
+
+TEST_F(Divide, PlansOnEnterInTheDecimalSize) {
+  Enter("DChsize", "300");
+  EXPECT_EQ(Text("NChunk"), "4");
+  EXPECT_EQ(Text("HCHsize"), "0000012C");
+}
+
+TEST_F(Divide, FollowsADecimalSizeWhileItIsTyped) {
+  Type("DChsize", "30");
+  EXPECT_EQ(Text("HCHsize"), "0000001E");
+  EXPECT_EQ(Text("DChsize"), "30");
+  EXPECT_EQ(Text("NChunk"), "1") << "Enter plans";
+}
+
+TEST_F(Divide, FollowsAHexadecimalSizeWhileItIsTyped) {
+  Type("HCHsize", "12c");
+  EXPECT_EQ(Text("DChsize"), "300");
+  EXPECT_EQ(Text("HCHsize"), "12c");
+  QTest::keyClick(&Field("HCHsize"), Qt::Key_Return);
+  EXPECT_EQ(Text("HCHsize"), "0000012C");
+  EXPECT_EQ(Text("NChunk"), "4");
+}
+
+TEST_F(Divide, TypesInTheMiddleOfASize) {
+  Enter("DChsize", "100");
+  Field("DChsize").setCursorPosition(1);
+  QTest::keyClicks(&Field("DChsize"), QStringLiteral("23"));
+  EXPECT_EQ(Text("DChsize"), "12300");
+  EXPECT_EQ(Field("DChsize").cursorPosition(), 3);
+}
+
+TEST_F(Divide, PlansOnEnterInTheCount) {
+  Enter("NChunk", "4");
+  EXPECT_EQ(Text("DChsize"), "250");
+  Enter("NChunk", "0");
+  EXPECT_EQ(Text("DChsize"), "1000");
+  Type("NChunk", "7");
+  EXPECT_EQ(Text("DChsize"), "1000") << "Enter plans";
+}
+
+TEST_F(Divide, CountsByOneWithTheArrows) {
+  ClickArrow(QStyle::SC_SpinBoxUp);
+  EXPECT_EQ(Text("NChunk"), "2");
+  EXPECT_EQ(Text("DChsize"), "501");
+  ClickArrow(QStyle::SC_SpinBoxUp);
+  EXPECT_EQ(Text("NChunk"), "3");
+  ClickArrow(QStyle::SC_SpinBoxDown);
+  EXPECT_EQ(Text("NChunk"), "2");
+  EXPECT_EQ(Text("DChsize"), "501");
+  ClickArrow(QStyle::SC_SpinBoxDown);
+  EXPECT_EQ(Text("NChunk"), "1");
+}
+
+TEST_F(Divide, TakesAValueOfTheArrowsAsACount) {
+  Find<QSpinBox>("UDCh").setProperty("value", 4);
+  EXPECT_EQ(Text("NChunk"), "4");
+  EXPECT_EQ(Text("DChsize"), "251");
+}
+
+TEST_F(Divide, FollowsTheThumbAndPlansWhenItIsLetGo) {
+  Enter("DChsize", "500");
+  QSlider& sly = Find<QSlider>("Sly");
+  const QPoint from = ThumbCentre();
+  QTest::mousePress(&sly, Qt::LeftButton, {}, from);
+  QTest::mouseMove(&sly, from - QPoint(sly.width() / 4, 0));
+  const int position = sly.value();
+  EXPECT_GT(position, 150);
+  EXPECT_LT(position, 350);
+  EXPECT_EQ(Text("DChsize"), std::to_string(position));
+  EXPECT_EQ(Text("NChunk"), "2");
+  QTest::mouseRelease(&sly, Qt::LeftButton, {}, from - QPoint(sly.width() / 4, 0));
+  EXPECT_EQ(plan.PartSize(), position);
+  EXPECT_EQ(Text("NChunk"), std::to_string((1000 + position - 1) / position));
+}
+
+TEST_F(Divide, PlansWhenAKeyIsLetGoOnTheSlider) {
+  Enter("DChsize", "500");
+  QSlider& sly = Find<QSlider>("Sly");
+  sly.setFocus();
+  QTest::keyPress(&sly, Qt::Key_Left);
+  EXPECT_EQ(Text("DChsize"), "499");
+  EXPECT_EQ(Text("NChunk"), "2");
+  QTest::keyRelease(&sly, Qt::Key_Left);
+  EXPECT_EQ(Text("NChunk"), "3");
+}
+
+TEST_F(Divide, PlansAtOnceForTheWheel) {
+  Enter("DChsize", "500");
+  QSlider& sly = Find<QSlider>("Sly");
+  const QPointF centre(sly.rect().center());
+  QWheelEvent turn(centre, sly.mapToGlobal(centre), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&sly, &turn);
+  EXPECT_LT(plan.PartSize(), 500);
+  EXPECT_EQ(Text("NChunk"), "3");
+}
+
+TEST_F(Divide, TakesAPresetFromTheList) {
+  Show(2'000'000);
+  auto& preset = Find<QComboBox>("Preset");
+  ASSERT_EQ(preset.count(), 6);
+  EXPECT_EQ(preset.itemText(1), QStringLiteral("Floppy 1,44M"));
+  EXPECT_EQ(preset.itemData(1).toLongLong(), 1457664);
+  preset.setFocus();
+  QTest::keyClick(&preset, Qt::Key_Down);
+  EXPECT_EQ(Text("DChsize"), "730112");
+  QTest::keyClick(&preset, Qt::Key_Down);
+  EXPECT_EQ(Text("DChsize"), "1457664");
+  QTest::keyClick(&preset, Qt::Key_End);
+  EXPECT_EQ(Text("DChsize"), "2000000");
+  EXPECT_EQ(Text("NChunk"), "1");
+}
+
+TEST_F(Divide, DrawsTheDivisionInItsTwoColours) {
+  Enter("DChsize", "500");
+  auto& division = Find<bwp::DivisionView>("Division");
+  const QImage image = division.grab().toImage();
+  const int middle = image.height() / 2;
+  EXPECT_EQ(image.pixelColor(image.width() / 4, middle), QColor(0, 255, 0));
+  EXPECT_EQ(image.pixelColor(3 * image.width() / 4, middle), QColor(0, 0, 255));
+  EXPECT_EQ(image.pixel(0, middle), division.palette().color(QPalette::Mid).rgb());
+  Enter("DChsize", "1");
+  EXPECT_EQ(Text("NChunk"), "1000");
+  Show(2002);
+  Enter("DChsize", "2");
+  const QImage filled = division.grab().toImage();
+  EXPECT_EQ(filled.pixelColor(3 * image.width() / 4, middle), QColor(0, 255, 0)) << "1001 parts";
+}
+
+TEST_F(Divide, KeepsItsSmallestSizeAndFitsSliderAndFrame) {
+  form.resize(100, 100);
+  EXPECT_EQ(form.size(), QSize(578, 262));
+  form.resize(900, 500);
+  QTest::qWait(1);
+  EXPECT_EQ(Find<QSlider>("Sly").width(), 900 - 7);
+  EXPECT_EQ(Find<QWidget>("Division").width(), 900 - 31);
+}
+
+TEST_F(Divide, PlansAnewWhenItIsActivatedAfterAnotherFileWasOpened) {
+  state.FLen = 400;
+  QEvent activation(QEvent::WindowActivate);
+  QApplication::sendEvent(&form, &activation);
+  EXPECT_EQ(Text("DChsize"), "400");
+  EXPECT_EQ(Find<QSlider>("Sly").maximum(), 400);
+}
+
+TEST_F(Divide, SplitsNothingWithoutBytes) {
+  EXPECT_TRUE(Find<QPushButton>("Split").isEnabled());
+  Show(0);
+  EXPECT_FALSE(Find<QPushButton>("Split").isEnabled());
+  EXPECT_TRUE(Find<QPushButton>("Join").isEnabled());
+  EXPECT_FALSE(Find<QSlider>("Sly").isEnabled());
+  Show(10);
+  EXPECT_TRUE(Find<QPushButton>("Split").isEnabled());
+  Type("DChsize", "0");
+  EXPECT_FALSE(Find<QPushButton>("Split").isEnabled());
+}
+
+TEST_F(Divide, TellsOfItsButtonsAndHidesOnCancel) {
+  int splits = 0;
+  int joins = 0;
+  QObject::connect(&form, &bwp::Divide::SplitClicked, [&splits] { ++splits; });
+  QObject::connect(&form, &bwp::Divide::JoinClicked, [&joins] { ++joins; });
+  QTest::mouseClick(&Find<QPushButton>("Split"), Qt::LeftButton);
+  QTest::mouseClick(&Find<QPushButton>("Join"), Qt::LeftButton);
+  EXPECT_EQ(splits, 1);
+  EXPECT_EQ(joins, 1);
+  EXPECT_TRUE(form.isVisible());
+  Enter("DChsize", "300");
+  EXPECT_EQ(splits, 1) << "Enter belongs to the field";
+  QTest::mouseClick(&Find<QPushButton>("Cancel"), Qt::LeftButton);
+  EXPECT_FALSE(form.isVisible());
+  EXPECT_EQ(plan.PartSize(), 300);
+}
+
+}  // namespace
