@@ -7,7 +7,7 @@
 namespace bwp {
 
 std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std::string& baseName) {
-  job.names = folder + baseName;
+  job.names = funzioni::PathIn(folder, baseName);
   if (funzioni::FileExists(job.names)) {
     job.action = kDeleteAndSplitAction;
     return "Warning, file " + job.names +
@@ -20,7 +20,7 @@ std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std
 std::string PrepareJoin(SplitJoinJob& job, const std::string& folder, const std::string& typedNames,
                         const std::string& destination) {
   job.names = QuotedNames(typedNames);
-  job.destination = folder + destination;
+  job.destination = funzioni::PathIn(folder, destination);
   if (funzioni::FileExists(job.destination)) {
     job.action = kDeleteAndJoinAction;
     return "Warning, file " + job.destination + " exists, do you want to overwrite ? ";

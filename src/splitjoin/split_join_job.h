@@ -20,7 +20,8 @@ struct SplitJoinJob {
 };
 
 /// Stores a split into the folder's parts of that base name and gives the question to ask first. A file of
-/// exactly that name makes it a split that deletes the parts of an earlier one.
+/// exactly that name makes it a split that deletes the parts of an earlier one. A base name that starts at
+/// the root stands for itself, as a destination does.
 std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std::string& baseName);
 
 /// Stores a join of the typed names into a destination in the same folder and gives the question to ask

@@ -148,7 +148,7 @@ void SplitJoinWorker::WriteResult(const std::vector<std::string>& names) {
     progress.SetCaption("Joining files" + StepOf(step, count));
     progress.SetLabel("Joining file " + name + " to " + funzioni::NameOf(job_.destination));
     progress.LetEventsRun();
-    ReadStream source(state_.LastFolder + name);
+    ReadStream source(funzioni::PathIn(state_.LastFolder, name));
     FileSystem::StreamCopy(progress, source, result, source.Length());
     progress.SetBar(0);
     ++step;
@@ -177,14 +177,14 @@ std::vector<std::string> SplitJoinWorker::NamesToJoin() const {
   const PartNames parts = JoinNames(names.front());
   for (std::int64_t number = parts.first + 1;; ++number) {
     const std::string name = parts.Name(number);
-    if (!funzioni::FileExists(state_.LastFolder + name)) return names;
+    if (!funzioni::FileExists(funzioni::PathIn(state_.LastFolder, name))) return names;
     names.push_back(name);
   }
 }
 
 void SplitJoinWorker::RefuseOwnSource(const std::vector<std::string>& names) const {
   for (const std::string& name : names) {
-    if (SameFile(state_.LastFolder + name, job_.destination)) {
+    if (SameFile(funzioni::PathIn(state_.LastFolder, name), job_.destination)) {
       throw MakeRunTimeError(kPermissionDenied, job_.destination);
     }
   }

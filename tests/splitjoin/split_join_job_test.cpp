@@ -38,6 +38,13 @@ TEST(PrepareSplit, LooksForTheBaseNameAsItIsTyped) {
   EXPECT_EQ(job.names, folder.Path());
 }
 
+TEST(PrepareSplit, TakesAPathFromTheRootAsItIs) {
+  SplitJoinJob job;
+  EXPECT_EQ(PrepareSplit(job, "/some/folder/", "/other/part"), "Split current file ?");
+  EXPECT_EQ(job.names, "/other/part");
+  EXPECT_EQ(PrepareJoin(job, "/some/folder/", "a", "/other/all"), "Join files as /other/all ? ");
+}
+
 TEST(PrepareJoin, StoresQuotedNamesAndTheDestination) {
   const bwp::test::TempFolder folder;
   SplitJoinJob job;

@@ -205,7 +205,7 @@ void Divide::ConnectSizeFields() {
   });
 }
 
-void Divide::Open() {
+void Divide::Start() {
   plan_.init();
   Plan();
   show();

@@ -22,7 +22,7 @@ class Divide : public QDialog {
   Divide(SplitPlan& plan, QWidget* parent);
 
   /// Prepares for the open file and shows the form.
-  void Open();
+  void Start();
 
  Q_SIGNALS:
   void SplitClicked();

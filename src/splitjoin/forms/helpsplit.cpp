@@ -33,7 +33,7 @@ Helpsplit::Helpsplit(QWidget* parent) : QDialog(parent) {
   resize(metrics.averageCharWidth() * kColumns, metrics.lineSpacing() * kRows);
 }
 
-void Helpsplit::Open() {
+void Helpsplit::ShowHelp() {
   setWindowTitle(QStringLiteral("Split & Join Help"));
   show();
   raise();

@@ -12,7 +12,7 @@ class Helpsplit : public QDialog {
   explicit Helpsplit(QWidget* parent);
 
   /// Shows the form as the help button of another form does.
-  void Open();
+  void ShowHelp();
 };
 
 }  // namespace bwp

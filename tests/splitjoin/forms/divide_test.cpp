@@ -26,7 +26,7 @@ class Divide : public testing::Test {
     state.FLen = fileSize;
     state.MarkStart = 0;
     state.MarkEnd = fileSize - 1;
-    form.Open();
+    form.Start();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
   }
   QLineEdit& Field(const char* name) { return Find<QLineEdit>(name); }
@@ -98,7 +98,7 @@ TEST_F(Divide, BearsItsNameUntilItHasAPlan) {
 
 TEST_F(Divide, ShowsThePlanOfTheMarkedChunkWhenItIsOpened) {
   state.MarkEnd = 299;
-  form.Open();
+  form.Start();
   EXPECT_EQ(Text("DChsize"), "300");
   EXPECT_EQ(Text("HCHsize"), "0000012C");
   EXPECT_EQ(Text("NChunk"), "4");

@@ -1,0 +1,73 @@
+#include "splitjoin/forms/fjoin.h"
+
+#include <algorithm>
+
+#include <QItemSelectionModel>
+
+#include "splitjoin/names_text.h"
+#include "viewer/forms/text_conversion.h"
+
+namespace bwp {
+
+Fjoin::Fjoin(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* parent)
+    : FileDialog(state, notices, parent, FileLists::Selection::kMany),
+      state_(state),
+      job_(job),
+      Ftext_(AddField(QStringLiteral("Ftext"), QStringLiteral("Files to join"))),
+      Dest_(AddField(QStringLiteral("Dest"), QStringLiteral("Destination"))) {
+  setObjectName(QStringLiteral("Fjoin"));
+  setWindowTitle(QStringLiteral("Join files"));
+  QPushButton& action = AddButton(QStringLiteral("ActionB"), QStringLiteral("Join"));
+  QPushButton& help = AddButton(QStringLiteral("HelpSJ"), QStringLiteral("Help"));
+  AddCancel();
+
+  connect(&Lists(), &FileLists::FilePicked, this, [this](int row, const std::string&) { Pick(row); });
+  connect(&Lists(), &FileLists::FileChosen, this,
+          [this](const std::string& name) { Prepare('"' + name + '"'); });
+  connect(&Lists(), &FileLists::Filled, this, [this] { StartAnew(); });
+  connect(&Lists(), &FileLists::FilesChanged, this, [this] { FollowRows(); });
+  connect(&action, &QPushButton::clicked, this, [this] { Prepare(ToPath(Ftext_.text())); });
+  connect(&help, &QPushButton::clicked, this, [this] { Q_EMIT HelpWanted(); });
+}
+
+void Fjoin::Start() {
+  Present();
+  Lists().Files().setFocus();
+}
+
+void Fjoin::Pick(int row) {
+  const std::vector<int> selected = Lists().SelectedRows();
+  order_.Click(static_cast<std::size_t>(row), std::binary_search(selected.begin(), selected.end(), row));
+  builtNames_ = FromPath(NamesText(PickedNames()));
+  Ftext_.setText(builtNames_);
+}
+
+// Names that were picked in another folder are not in this one; what was typed stays.
+void Fjoin::StartAnew() {
+  order_.Reset();
+  rows_ = Lists().FileNames();
+  if (Ftext_.text() == builtNames_) Ftext_.clear();
+}
+
+// Files came or went: the places stay with the names.
+void Fjoin::FollowRows() {
+  const std::vector<std::string> picked = PickedNames();
+  rows_ = Lists().FileNames();
+  order_.Reset();
+  for (const std::string& name : picked) {
+    const auto row = std::find(rows_.begin(), rows_.end(), name);
+    if (row != rows_.end()) order_.Click(static_cast<std::size_t>(row - rows_.begin()), true);
+  }
+}
+
+void Fjoin::Prepare(const std::string& names) {
+  Q_EMIT Asked(PrepareJoin(job_, state_.LastFolder, names, ToPath(Dest_.text())));
+}
+
+std::vector<std::string> Fjoin::PickedNames() const {
+  std::vector<std::string> names;
+  for (const std::size_t row : order_.Picked()) names.push_back(rows_.at(row));
+  return names;
+}
+
+}  // namespace bwp

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "splitjoin/click_order.h"
+#include "splitjoin/split_join_job.h"
+#include "viewer/forms/file_dialog.h"
+
+namespace bwp {
+
+/// The form `Fjoin`: takes the files to join, in the order of the clicks on them, and the destination.
+class Fjoin : public FileDialog {
+  Q_OBJECT
+
+ public:
+  Fjoin(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* parent);
+
+  /// Shows the form on LastFolder.
+  void Start();
+
+ Q_SIGNALS:
+  /// A join is prepared and waits for the answer to the question.
+  void Asked(const std::string& question);
+  void HelpWanted();
+
+ private:
+  void Pick(int row);
+  void StartAnew();
+  void FollowRows();
+  void Prepare(const std::string& names);
+  std::vector<std::string> PickedNames() const;
+
+  ViewState& state_;
+  SplitJoinJob& job_;
+  ClickOrder order_;
+  std::vector<std::string> rows_;  ///< The names that the order's entries stand for.
+  QString builtNames_;             ///< What the clicks wrote into Ftext.
+  QLineEdit& Ftext_;
+  QLineEdit& Dest_;
+};
+
+}  // namespace bwp

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QTimer>
+
+#include "fileops/forms/confirmation.h"
+#include "fileops/services.h"
+#include "splitjoin/forms/divide.h"
+#include "splitjoin/forms/fjoin.h"
+#include "splitjoin/forms/fsel.h"
+#include "splitjoin/forms/helpsplit.h"
+#include "splitjoin/split_join_job.h"
+#include "splitjoin/split_join_worker.h"
+#include "splitjoin/split_plan.h"
+
+namespace bwp {
+
+/// The split and join tool: its plan, its job, the worker on its timer and its windows, each of which is made
+/// when it is first needed. The main form makes the tool on first use and keeps it.
+class SplitJoinTool : public QObject, private SplitJoinWindows {
+  Q_OBJECT
+
+ public:
+  /// The windows belong to the owner; state and services outlive the tool.
+  SplitJoinTool(ViewState& state, const Services& services, QWidget& owner);
+  ~SplitJoinTool() override;
+
+  /// Prepares for the open file and shows the form `Divide`.
+  void Show();
+
+ Q_SIGNALS:
+  /// A job came to its end; after a join another file may be open.
+  void JobDone();
+
+ private:
+  void AskForParts();
+  void AskForFiles();
+  void AskToConfirm(const std::string& question);
+  void ShowHelp();
+  void Tick();
+
+  void HideDivide() override;
+  void HideFsel() override;
+  void HideFjoin() override;
+
+  ViewState& state_;
+  Services services_;
+  QWidget& owner_;
+  SplitPlan plan_;
+  SplitJoinJob job_;
+  SplitJoinWorker worker_;
+  QTimer timer_;  ///< Runs while a question or a confirmed job waits.
+  Divide* divide_ = nullptr;
+  Fsel* fsel_ = nullptr;
+  Fjoin* fjoin_ = nullptr;
+  Helpsplit* help_ = nullptr;
+  Dialog* dialog_ = nullptr;
+};
+
+}  // namespace bwp
