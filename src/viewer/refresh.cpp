@@ -16,10 +16,10 @@ using funzioni::HexOffset;
 // A step from here on is not doubled. The comparison is signed: scrolling up is never held back by it.
 constexpr std::int32_t kDoublingBound = 66666512;
 // The first doubling comes after this many steps have been exceeded.
-constexpr std::int32_t kStepsBeforeDoubling = 64;
+constexpr std::int64_t kStepsBeforeDoubling = 64;
 
-std::int32_t Magnitude(std::int32_t step) {
-  return std::abs(step);
+std::int64_t Magnitude(std::int32_t step) {
+  return std::abs(std::int64_t{step});
 }
 
 // One turn of the scrolling: the step, the clamp, the thumb, the acceleration.
@@ -52,11 +52,12 @@ void EmptyBytesFrom(PageGrid& grid, int position) {
 // The hit's colour belongs to the page it was found on: another start or other bytes there end it.
 bool ShowsOther(const ViewState& state, const std::uint8_t* bytes, std::size_t count) {
   if (state.SWStart != state.SWPrev) return true;
-  for (std::size_t position = 0; position < count; ++position) {
+  for (std::size_t position = 0; position < kPageBytes; ++position) {
     const auto place = static_cast<int>(position);
     const std::string_view shown =
         state.tabe.Text(place / kBytesPerRow, place % kBytesPerRow + kFirstCharColumn);
-    if (shown.empty() || static_cast<std::uint8_t>(shown.front()) != bytes[position]) return true;
+    if (shown.empty() != (position >= count)) return true;
+    if (!shown.empty() && static_cast<std::uint8_t>(shown.front()) != bytes[position]) return true;
   }
   return false;
 }

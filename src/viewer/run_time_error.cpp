@@ -72,6 +72,7 @@ RunTimeErrorNumber NumberOf(int errnoValue, const std::string& path) {
     case ELOOP:
     case ENOTEMPTY:
       return kPathFileAccess;
+    case EBADF:
     case EINVAL:
     case ENAMETOOLONG:
       return kBadFileName;

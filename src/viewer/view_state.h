@@ -29,10 +29,11 @@ struct ViewState {
   std::string BufferData;    ///< The Buffer, one character a byte.
   bool BufferIsCut = false;  ///< The Buffer's bytes were cut: they may stand nowhere else.
 
-  bool AutoScroll = false;       ///< A scroll button, the thumb or a key is held: the refresh repeats.
-  std::int32_t ScrollStep = 0;   ///< Bytes that each pass of a refresh adds to SWStart.
-  std::int32_t ScrollLimit = 0;  ///< Scrolled bytes that must be exceeded before the step doubles.
-  std::int32_t ScrollCount = 0;  ///< Bytes scrolled since the refresh began.
+  bool AutoScroll = false;      ///< A scroll button, the thumb or a key is held: the refresh repeats.
+  std::int32_t ScrollStep = 0;  ///< Bytes that each pass of a refresh adds to SWStart.
+  // Wide enough for a key that is held at the end of the file for days.
+  std::int64_t ScrollLimit = 0;  ///< Scrolled bytes that must be exceeded before the step doubles.
+  std::int64_t ScrollCount = 0;  ///< Bytes scrolled since the refresh began.
   int AccelMode = 0;             ///< 0 to 4: how often a held scroll may double its step.
 
   bool FieldTyping = false;   ///< A box is being typed into or the page edited: the refresh keeps off.

@@ -1,0 +1,48 @@
+#include "viewer/paths.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "support/temp_folder.h"
+
+namespace {
+
+TEST(Paths, FolderAndNameMeetAtTheLastSeparator) {
+  EXPECT_EQ(funzioni::FolderOf("/a/b/c"), "/a/b/");
+  EXPECT_EQ(funzioni::NameOf("/a/b/c"), "c");
+  EXPECT_EQ(funzioni::FolderOf("/a/b/"), "/a/b/");
+  EXPECT_EQ(funzioni::NameOf("/a/b/"), "");
+  EXPECT_EQ(funzioni::FolderOf("name"), "");
+  EXPECT_EQ(funzioni::NameOf("name"), "name");
+  EXPECT_EQ(funzioni::FolderOf("/"), "/");
+  EXPECT_EQ(funzioni::NameOf(""), "");
+}
+
+TEST(Paths, AFolderEndsWithOneSeparator) {
+  EXPECT_EQ(funzioni::WithSeparator("/a"), "/a/");
+  EXPECT_EQ(funzioni::WithSeparator("/a/"), "/a/");
+  EXPECT_EQ(funzioni::WithSeparator("/"), "/");
+}
+
+TEST(Paths, ACommandLinePathLosesItsQuotes) {
+  EXPECT_EQ(funzioni::CommandLinePath("\"/a file\""), "/a file");
+  EXPECT_EQ(funzioni::CommandLinePath("/a file"), "/a file");
+  EXPECT_EQ(funzioni::CommandLinePath(""), "");
+}
+
+TEST(FileExists, IsTrueForRegularFilesAlone) {
+  const bwp::test::TempFolder folder;
+  const std::string file = folder.Write("file \xFF", "x");
+  EXPECT_TRUE(funzioni::FileExists(file));
+  EXPECT_FALSE(funzioni::FileExists(folder.Path()));
+  EXPECT_FALSE(funzioni::FileExists(folder / "missing"));
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(funzioni::FileExists(folder / "pipe"));
+  ASSERT_EQ(symlink(file.c_str(), (folder / "link").c_str()), 0);
+  EXPECT_TRUE(funzioni::FileExists(folder / "link"));
+  ASSERT_EQ(symlink("nowhere", (folder / "dangling").c_str()), 0);
+  EXPECT_FALSE(funzioni::FileExists(folder / "dangling"));
+}
+
+}  // namespace
