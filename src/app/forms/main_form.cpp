@@ -5,13 +5,21 @@
 #include <QDropEvent>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QVBoxLayout>
+#include <QPushButton>
+#include <QTimer>
+#include <QUrl>
 
 #include "app/configuration.h"
 #include "app/forms/read_me.h"
 #include "app/start_up.h"
+#include "fileops/buffer_operations.h"
+#include "fileops/forms/buffer_buttons.h"
 #include "fileops/rescue_buffer.h"
+#include "interaction/forms/chunk_panel.h"
+#include "interaction/forms/scroll_bar_widget.h"
+#include "viewer/forms/loader.h"
 #include "viewer/forms/page_table.h"
+#include "viewer/forms/position_panel.h"
 #include "viewer/forms/ruler.h"
 #include "viewer/forms/text_conversion.h"
 #include "viewer/open_view_file.h"
@@ -19,41 +27,74 @@
 #include "viewer/refresh.h"
 
 namespace bwp {
+namespace {
 
-MainForm::MainForm(std::string progFolder) : progFolder_(std::move(progFolder)), menu_(*menuBar()) {
+QWidget& MakeCentre(QMainWindow& window) {
+  auto* const centre = new QWidget(&window);
+  window.setCentralWidget(centre);
+  return *centre;
+}
+
+// The path of a dropped file, byte for byte; empty for what lies on no disk of ours.
+std::string LocalPath(const QUrl& url) {
+  if (!url.isLocalFile()) return {};
+  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
+}  // namespace
+
+MainForm::MainForm(std::string progFolder)
+    : progFolder_(std::move(progFolder)),
+      menu_(*menuBar()),
+      controls_(MakeCentre(*this), state_, *this),
+      keyboard_(state_, *this, *controls_.scrollBar, *this),
+      pageMenu_(state_, *this, *controls_.page, *this) {
   setObjectName(QStringLiteral("f"));
   setAcceptDrops(true);
-  LayOut();
-  ConnectMenu();
-}
-
-MainForm::~MainForm() = default;
-
-void MainForm::LayOut() {
-  auto* const centre = new QWidget(this);
-  ruler_ = new Ruler(centre);
-  page_ = new PageTable(state_.tabe, centre);
-  page_->setEnabled(false);
-  auto* const pageColumn = new QVBoxLayout(centre);
-  pageColumn->setSpacing(0);
-  pageColumn->addWidget(ruler_);
-  pageColumn->addWidget(page_);
-  pageColumn->addStretch();
-  setCentralWidget(centre);
-}
-
-void MainForm::ConnectMenu() {
-  connect(menu_.MenuExit, &QAction::triggered, this, &QWidget::close);
-  connect(menu_.Menuabout, &QAction::triggered, this, [this] { ShowReadMe(progFolder_, notices_); });
+  ConnectFileCommands();
+  ConnectChunkCommands();
+  ConnectOptions();
   EnableCommands();
+}
+
+void MainForm::ConnectFileCommands() {
+  connect(menu_.open, &QAction::triggered, this, [this] { ShowLoader(); });
+  connect(controls_.opn, &QPushButton::clicked, this, [this] { ShowLoader(); });
+  connect(menu_.MenuExit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainForm::ConnectChunkCommands() {
+  const auto copy = [this] { Operate([this] { CopyChunk(state_, services_); }); };
+  const auto cut = [this] { Operate([this] { CutChunk(state_, services_); }); };
+  const auto insert = [this](const char* mode) {
+    Operate([this, mode] { InsertBuffer(state_, services_, mode); });
+  };
+  connect(menu_.menucopy, &QAction::triggered, this, copy);
+  connect(controls_.buffer->cop, &QPushButton::clicked, this, copy);
+  connect(menu_.menucut, &QAction::triggered, this, cut);
+  connect(controls_.buffer->Cut, &QPushButton::clicked, this, cut);
+  connect(menu_.menupasteBMS, &QAction::triggered, this, [insert] { insert("bms"); });
+  connect(controls_.buffer->Paste, &QPushButton::clicked, this, [insert] { insert("bms"); });
+  connect(menu_.menupasteAMS, &QAction::triggered, this, [insert] { insert("ams"); });
+  connect(menu_.menuappend, &QAction::triggered, this, [insert] { insert("app"); });
+}
+
+void MainForm::ConnectOptions() {
+  for (std::size_t choice = 0; choice < menu_.acceleration.size(); ++choice) {
+    connect(menu_.acceleration[choice], &QAction::triggered, this,
+            [this, choice] { ChooseAccelerationEntry(static_cast<int>(choice)); });
+  }
+  connect(menu_.Menuabout, &QAction::triggered, this, [this] { ShowReadMe(progFolder_, notices_); });
 }
 
 void MainForm::Start(const std::string& commandLine) {
-  ApplyConfiguration(LoadConfiguration(progFolder_ + kConfigurationName), state_);
+  const Configuration configuration = LoadConfiguration(progFolder_ + kConfigurationName);
+  ApplyConfiguration(configuration, state_);
+  ChooseAccelerationEntry(configuration.acceleration);
+  controls_.position->ShowBase();
   const std::string path = funzioni::CommandLinePath(commandLine);
-  QCoreApplication::processEvents();
+  LetEventsRun();
   if (!path.empty()) OfferFile(state_, notices_, funzioni::FullPath(path, progFolder_));
-  EnableCommands();
   Refresh(state_, *this);
 }
 
@@ -61,11 +102,49 @@ std::string MainForm::RescueBuffer() const {
   return bwp::RescueBuffer(state_, disk_).note;
 }
 
+void MainForm::ShowLoader() {
+  if (loader_ == nullptr) {
+    loader_ = new Loader(state_, *this, notices_, this);
+    connect(loader_, &Loader::FileOpened, this, [this] { EnableCommands(); });
+  }
+  state_.FieldTyping = false;
+  loader_->Open();
+}
+
+// A command ends whatever was being typed: its result would otherwise stay unseen.
+void MainForm::Operate(const std::function<void()>& operation) {
+  state_.FieldTyping = false;
+  operation();
+}
+
+void MainForm::ChooseAccelerationEntry(int choice) {
+  accelerationShown_ = ChooseAcceleration(state_, accelerationShown_, choice);
+  for (std::size_t i = 0; i < menu_.acceleration.size(); ++i) {
+    menu_.acceleration[i]->setChecked(accelerationShown_[i]);
+  }
+}
+
 void MainForm::EnableCommands() {
-  for (QAction* const entry : menu_.needFile) entry->setEnabled(!state_.OpenFile.empty());
+  const bool fileIsOpen = !state_.OpenFile.empty();
+  for (QAction* const entry : menu_.needFile) entry->setEnabled(fileIsOpen);
+  for (QPushButton* const button : {controls_.buffer->cop, controls_.buffer->Cut, controls_.buffer->Paste,
+                                    controls_.chunk->Gstart, controls_.chunk->Gend}) {
+    button->setEnabled(fileIsOpen);
+  }
+}
+
+// A long operation runs, or the page is being edited.
+bool MainForm::Busy() const {
+  return progress_.Visible() || controls_.page->isEnabled();
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {
+  if (progress_.Visible()) {
+    constexpr int kMilliseconds = 100;
+    QTimer::singleShot(kMilliseconds, this, &QWidget::close);
+    event->ignore();
+    return;
+  }
   SaveConfiguration(disk_, progFolder_ + kConfigurationName, ConfigurationOf(state_));
   state_.AutoScroll = false;
   event->accept();
@@ -73,18 +152,15 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 void MainForm::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls() && !Busy()) event->acceptProposedAction();
 }
 
 void MainForm::dropEvent(QDropEvent* event) {
+  if (Busy()) return;
   event->acceptProposedAction();
   for (const QUrl& url : event->mimeData()->urls()) {
-    if (!url.isLocalFile()) continue;
-    const std::string path =
-        QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
-    if (!funzioni::FileExists(path)) continue;
-    OpenDropped(path);
-    return;
+    const std::string path = LocalPath(url);
+    if (funzioni::FileExists(path)) return OpenDropped(path);
   }
 }
 
@@ -92,30 +168,37 @@ void MainForm::OpenDropped(const std::string& path) {
   if (OfferFile(state_, notices_, path) != FileOffer::kOpened) return;
   state_.LastFolder = funzioni::FolderOf(path);
   state_.FieldTyping = false;
-  EnableCommands();
   Refresh(state_, *this);
 }
 
 void MainForm::SetRedraw(bool on) {
-  if (on) page_->ShowPage();
+  if (on) controls_.page->ShowPage();
 }
 
-void MainForm::MoveThumb() {}
+void MainForm::MoveThumb() {
+  controls_.scrollBar->ShowThumb();
+}
 
+// The title names the open file: whoever opened it, the commands follow here.
 void MainForm::ShowTitle(const std::string& title) {
   setWindowTitle(FromPath(title));
+  EnableCommands();
 }
 
 void MainForm::ShowRuler(bool hex) {
-  ruler_->ShowLabels(hex);
+  controls_.ruler->ShowLabels(hex);
 }
 
-void MainForm::ShowWindowTexts(const WindowTexts& /*texts*/) {}
+void MainForm::ShowWindowTexts(const WindowTexts& texts) {
+  controls_.position->ShowWindowTexts(texts);
+}
 
-void MainForm::ShowChunkTexts(const ChunkTexts& /*texts*/) {}
+void MainForm::ShowChunkTexts(const ChunkTexts& texts) {
+  controls_.chunk->ShowChunkTexts(texts);
+}
 
 void MainForm::FocusGridIfEnabled() {
-  if (page_->isEnabled()) page_->setFocus();
+  if (controls_.page->isEnabled()) controls_.page->setFocus();
 }
 
 void MainForm::LetEventsRun() {
@@ -123,7 +206,7 @@ void MainForm::LetEventsRun() {
 }
 
 void MainForm::NextFrame() {
-  pacer_.ShowFrame(*page_->viewport());
+  pacer_.ShowFrame(*controls_.page->viewport());
 }
 
 }  // namespace bwp

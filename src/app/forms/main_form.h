@@ -1,12 +1,16 @@
 #pragma once
 
-#include <memory>
+#include <functional>
 #include <string>
 
 #include <QMainWindow>
 
+#include "app/forms/main_layout.h"
 #include "app/forms/main_menu.h"
-#include "fileops/disk.h"
+#include "fileops/forms/progform.h"
+#include "fileops/services.h"
+#include "interaction/forms/keyboard_filter.h"
+#include "interaction/forms/page_menu.h"
 #include "viewer/display.h"
 #include "viewer/forms/frame_pacer.h"
 #include "viewer/forms/message_notices.h"
@@ -14,20 +18,21 @@
 
 namespace bwp {
 
-class PageTable;
-class Ruler;
+class Loader;
 
-/// The main form `f`: owns the view state, lays the panels out, and is the display that a refresh shows its
-/// work on. What a panel does it does itself; here is only what ties them together.
+/// The main form `f`: owns the view state, ties the panels to the engine and to each other, and is the
+/// display that a refresh shows its work on. What a panel does with its own controls it does itself.
 class MainForm : public QMainWindow, private Display {
  public:
   /// progFolder holds the configuration file and ends with a separator.
   explicit MainForm(std::string progFolder);
-  ~MainForm() override;
 
   /// Takes the remembered settings and opens the file that the command line names, if there is one. Throws
   /// the platform's error for a configuration that cannot be read or a file that cannot be opened.
   void Start(const std::string& commandLine);
+
+  /// What the program shows and works on.
+  const ViewState& State() const { return state_; }
 
   /// Puts bytes that were cut, and stand nowhere but in the Buffer, to safety; says where, or nothing.
   std::string RescueBuffer() const;
@@ -38,10 +43,16 @@ class MainForm : public QMainWindow, private Display {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  void LayOut();
-  void ConnectMenu();
-  void EnableCommands();
+  void ConnectFileCommands();
+  void ConnectChunkCommands();
+  void ConnectOptions();
+
+  void ShowLoader();
   void OpenDropped(const std::string& path);
+  void Operate(const std::function<void()>& operation);
+  bool Busy() const;
+  void ChooseAccelerationEntry(int choice);
+  void EnableCommands();
 
   void SetRedraw(bool on) override;
   void MoveThumb() override;
@@ -57,10 +68,16 @@ class MainForm : public QMainWindow, private Display {
   ViewState state_;
   const Disk disk_;
   MessageNotices notices_{this};
+  LazyProgform progress_{this};
+  Services services_{*this, progress_, notices_, disk_};
   FramePacer pacer_;
+
   MainMenu menu_;
-  Ruler* ruler_;
-  PageTable* page_;
+  MainLayout controls_;
+  KeyboardFilter keyboard_;
+  PageMenu pageMenu_;
+  AccelChecks accelerationShown_{};
+  Loader* loader_ = nullptr;
 };
 
 }  // namespace bwp

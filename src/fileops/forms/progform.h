@@ -56,6 +56,9 @@ class LazyProgform : public Progress {
   bool Aborted() const override { return form_ && form_->Aborted(); }
   void ClearAbort() override;
 
+  /// An operation shows its progress now.
+  bool Visible() const { return form_ && form_->isVisible(); }
+
  private:
   Progform& Form();
 

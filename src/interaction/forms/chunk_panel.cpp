@@ -5,25 +5,14 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
+#include "viewer/forms/decimal_box.h"
 #include "viewer/forms/offset_box.h"
-#include "viewer/forms/text_conversion.h"
 #include "viewer/position_entry.h"
 
 namespace bwp {
 namespace {
-
-QLineEdit* MakeDecimalBox(const QString& name, const QString& accessibleName, QWidget* parent) {
-  // The longest text that is ever shown, then room for the cursor and the frame.
-  constexpr int kRoom = 16;
-  auto* const box = new QLineEdit(parent);
-  box->setObjectName(name);
-  box->setAccessibleName(accessibleName);
-  box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QStringLiteral("2.147.483.647")) + kRoom);
-  return box;
-}
 
 QPushButton* MakeGotoButton(const QString& name, const QString& toolTip, QWidget* parent) {
   auto* const button = new QPushButton(QStringLiteral("Goto"), parent);
@@ -31,11 +20,6 @@ QPushButton* MakeGotoButton(const QString& name, const QString& toolTip, QWidget
   button->setAccessibleName(toolTip);
   button->setToolTip(toolTip);
   return button;
-}
-
-void ShowIn(QLineEdit& box, const std::string& text) {
-  const QString shown = FromCodePage(text);
-  if (box.text() != shown) box.setText(shown);
 }
 
 }  // namespace
@@ -47,13 +31,13 @@ ChunkPanel::ChunkPanel(ViewState& state, Display& display, QWidget* parent)
       state_(state),
       display_(display),
       rows_{{{new OffsetBox(QStringLiteral("MHStart"), QStringLiteral("Mark Start, hexadecimal"), this),
-              MakeDecimalBox(QStringLiteral("mdstart"), QStringLiteral("Mark Start, decimal"), this),
+              new DecimalBox(QStringLiteral("mdstart"), QStringLiteral("Mark Start, decimal"), this),
               ChunkField::kMHStart, ChunkField::kMdStart},
              {new OffsetBox(QStringLiteral("MHEnd"), QStringLiteral("Mark End, hexadecimal"), this),
-              MakeDecimalBox(QStringLiteral("mdend"), QStringLiteral("Mark End, decimal"), this),
+              new DecimalBox(QStringLiteral("mdend"), QStringLiteral("Mark End, decimal"), this),
               ChunkField::kMHEnd, ChunkField::kMdEnd},
              {new OffsetBox(QStringLiteral("MHSize"), QStringLiteral("Chunk size, hexadecimal"), this),
-              MakeDecimalBox(QStringLiteral("Mdsize"), QStringLiteral("Chunk size, decimal"), this),
+              new DecimalBox(QStringLiteral("Mdsize"), QStringLiteral("Chunk size, decimal"), this),
               ChunkField::kMHSize, ChunkField::kMdSize}}} {
   for (const Row& row : rows_) {
     row.hex->installEventFilter(this);
@@ -79,19 +63,25 @@ void ChunkPanel::LayOut() {
     setTabOrder(row.hex, row.decimal);
     last = row.decimal;
   }
+  grid->setColumnStretch(4, 1);
   grid->addWidget(Gstart, 1, 3);
   grid->addWidget(Gend, 2, 3);
   setTabOrder(last, Gstart);
   setTabOrder(Gstart, Gend);
 }
 
+void ChunkPanel::AddBelow(QWidget& commands) {
+  auto& grid = static_cast<QGridLayout&>(*layout());
+  grid.addWidget(&commands, grid.rowCount(), 0, 1, grid.columnCount());
+}
+
 void ChunkPanel::ShowChunkTexts(const ChunkTexts& texts) {
   rows_[0].hex->ShowText(texts.MHStart);
   rows_[1].hex->ShowText(texts.MHEnd);
   rows_[2].hex->ShowText(texts.MHSize);
-  ShowIn(*rows_[0].decimal, texts.mdstart);
-  ShowIn(*rows_[1].decimal, texts.mdend);
-  ShowIn(*rows_[2].decimal, texts.Mdsize);
+  rows_[0].decimal->ShowText(texts.mdstart);
+  rows_[1].decimal->ShowText(texts.mdend);
+  rows_[2].decimal->ShowText(texts.Mdsize);
 }
 
 bool ChunkPanel::eventFilter(QObject* watched, QEvent* event) {
@@ -115,7 +105,7 @@ void ChunkPanel::Commit(const QObject* box) {
   for (const Row& row : rows_) {
     if (box == row.hex) EnterChunkField(state_, display_, row.hexField, row.hex->Text());
     if (box == row.decimal) {
-      EnterChunkField(state_, display_, row.decimalField, ToCodePage(row.decimal->text()));
+      EnterChunkField(state_, display_, row.decimalField, row.decimal->Text());
     }
   }
 }

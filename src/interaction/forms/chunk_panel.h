@@ -7,11 +7,11 @@
 #include "interaction/chunk_selection.h"
 
 class QKeyEvent;
-class QLineEdit;
 class QPushButton;
 
 namespace bwp {
 
+class DecimalBox;
 class OffsetBox;
 
 /// The chunk's start, end and size in both bases, to read and to type, and the buttons that go to its marks.
@@ -20,6 +20,9 @@ class ChunkPanel : public QGroupBox {
   ChunkPanel(ViewState& state, Display& display, QWidget* parent = nullptr);
 
   void ShowChunkTexts(const ChunkTexts& texts);
+
+  /// Puts what is done with the chunk below its boxes.
+  void AddBelow(QWidget& commands);
 
   /// For the main form to enable: going to a mark needs a file.
   QPushButton* Gstart;
@@ -32,7 +35,7 @@ class ChunkPanel : public QGroupBox {
   // One row: the box in hexadecimal and the one in decimal.
   struct Row {
     OffsetBox* hex;
-    QLineEdit* decimal;
+    DecimalBox* decimal;
     ChunkField hexField;
     ChunkField decimalField;
   };

@@ -1,39 +1,24 @@
 #include "viewer/forms/position_panel.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 
+#include "viewer/forms/decimal_box.h"
 #include "viewer/forms/offset_box.h"
-#include "viewer/forms/text_conversion.h"
 #include "viewer/position_entry.h"
 #include "viewer/refresh.h"
 
 namespace bwp {
 namespace {
 
-QLineEdit* MakeDecimalBox(const QString& name, const QString& accessibleName, QWidget* parent) {
-  // The longest text that is ever shown, then room for the cursor and the frame.
-  constexpr int kRoom = 16;
-  auto* const box = new QLineEdit(parent);
-  box->setObjectName(name);
-  box->setAccessibleName(accessibleName);
-  box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QStringLiteral("2.147.483.647")) + kRoom);
-  return box;
-}
-
 QRadioButton* MakeOption(const QString& name, const QString& text, QWidget* parent) {
   auto* const option = new QRadioButton(text, parent);
   option->setObjectName(name);
   option->setAccessibleName(QStringLiteral("Show bytes in ") + text.toLower());
   return option;
-}
-
-void ShowIn(QLineEdit& box, const std::string& text) {
-  const QString shown = FromCodePage(text);
-  if (box.text() != shown) box.setText(shown);
 }
 
 }  // namespace
@@ -45,8 +30,8 @@ PositionPanel::PositionPanel(ViewState& state, Display& display, QWidget* parent
       HStart_(
           new OffsetBox(QStringLiteral("HStart"), QStringLiteral("Show Window start, hexadecimal"), this)),
       HEnd_(new OffsetBox(QStringLiteral("HEnd"), QStringLiteral("Show Window end, hexadecimal"), this)),
-      Dstart_(MakeDecimalBox(QStringLiteral("Dstart"), QStringLiteral("Show Window start, decimal"), this)),
-      Dend_(MakeDecimalBox(QStringLiteral("Dend"), QStringLiteral("Show Window end, decimal"), this)),
+      Dstart_(new DecimalBox(QStringLiteral("Dstart"), QStringLiteral("Show Window start, decimal"), this)),
+      Dend_(new DecimalBox(QStringLiteral("Dend"), QStringLiteral("Show Window end, decimal"), this)),
       hexop_(MakeOption(QStringLiteral("hexop"), QStringLiteral("Hexadecimal"), this)),
       decop_(MakeOption(QStringLiteral("decop"), QStringLiteral("Decimal"), this)) {
   for (QWidget* const box : {static_cast<QWidget*>(HStart_), static_cast<QWidget*>(HEnd_),
@@ -69,8 +54,12 @@ void PositionPanel::LayOut() {
   grid->addWidget(new QLabel(QStringLiteral("End"), this), 2, 0);
   grid->addWidget(HEnd_, 2, 1);
   grid->addWidget(Dend_, 2, 2);
-  grid->addWidget(hexop_, 3, 0, 1, 2);
-  grid->addWidget(decop_, 3, 2);
+  auto* const bases = new QHBoxLayout;
+  bases->addWidget(hexop_);
+  bases->addWidget(decop_);
+  bases->addStretch();
+  grid->addLayout(bases, 3, 0, 1, 4);
+  grid->setColumnStretch(3, 1);
   setTabOrder(HStart_, Dstart_);
   setTabOrder(Dstart_, HEnd_);
   setTabOrder(HEnd_, Dend_);
@@ -78,8 +67,8 @@ void PositionPanel::LayOut() {
 }
 
 void PositionPanel::ShowWindowTexts(const WindowTexts& texts) {
-  ShowIn(*Dstart_, texts.Dstart);
-  ShowIn(*Dend_, texts.Dend);
+  Dstart_->ShowText(texts.Dstart);
+  Dend_->ShowText(texts.Dend);
   HStart_->ShowText(texts.HStart);
   HEnd_->ShowText(texts.HEnd);
 }
@@ -109,8 +98,8 @@ bool PositionPanel::KeyPressed(const QObject* box, const QKeyEvent& key) {
 void PositionPanel::Commit(const QObject* box) {
   if (box == HStart_) EnterHStart(state_, display_, HStart_->Text());
   if (box == HEnd_) EnterHEnd(state_, display_, HEnd_->Text());
-  if (box == Dstart_) EnterDstart(state_, display_, ToCodePage(Dstart_->text()));
-  if (box == Dend_) EnterDend(state_, display_, ToCodePage(Dend_->text()));
+  if (box == Dstart_) EnterDstart(state_, display_, Dstart_->Text());
+  if (box == Dend_) EnterDend(state_, display_, Dend_->Text());
 }
 
 bool PositionPanel::IsHexBox(const QObject* box) const {

@@ -7,11 +7,11 @@
 
 class QGridLayout;
 class QKeyEvent;
-class QLineEdit;
 class QRadioButton;
 
 namespace bwp {
 
+class DecimalBox;
 class OffsetBox;
 
 /// Where the Show Window starts and ends, in both bases, to read and to type, and the base in which the page
@@ -39,8 +39,8 @@ class PositionPanel : public QGroupBox {
   Display& display_;
   OffsetBox* HStart_;
   OffsetBox* HEnd_;
-  QLineEdit* Dstart_;
-  QLineEdit* Dend_;
+  DecimalBox* Dstart_;
+  DecimalBox* Dend_;
   QRadioButton* hexop_;
   QRadioButton* decop_;
 };

@@ -1,0 +1,27 @@
+#include "viewer/forms/decimal_box.h"
+
+#include "viewer/forms/cell_geometry.h"
+#include "viewer/forms/text_conversion.h"
+
+namespace bwp {
+
+DecimalBox::DecimalBox(const QString& name, const QString& accessibleName, QWidget* parent)
+    : QLineEdit(parent) {
+  // The longest text that is ever shown, then room for the cursor and the frame.
+  constexpr int kRoom = 16;
+  setObjectName(name);
+  setAccessibleName(accessibleName);
+  setFont(CellFont());
+  setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("2.147.483.647")) + kRoom);
+}
+
+void DecimalBox::ShowText(const std::string& shown) {
+  const QString text = FromCodePage(shown);
+  if (this->text() != text) setText(text);
+}
+
+std::string DecimalBox::Text() const {
+  return ToCodePage(text());
+}
+
+}  // namespace bwp
