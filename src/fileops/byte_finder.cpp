@@ -3,16 +3,17 @@
 #include <algorithm>
 #include <cstring>
 
-#include "fileops/byte_pair_scan.h"
 #include "viewer/code_page.h"
 
 namespace FileSystem {
 namespace {
 
-// How much of a text is looked at to learn which bytes are rare in it. The distance is prime, so that records
-// of a usual length do not show the same of their bytes each time.
+// How much of a text is looked at to learn which bytes are rare in it, and after how many texts it is done
+// again. The distance is prime, so that records of a usual length do not show the same of their bytes each
+// time.
 constexpr std::size_t kSamples = 512;
 constexpr std::size_t kSampleDistance = 1021;
+constexpr unsigned kTextsPerLook = 16;
 
 // Comparing a candidate costs its equal bytes and this much. Altogether it may cost so many times the bytes
 // that were passed, after a start that is free.
@@ -20,15 +21,15 @@ constexpr std::size_t kCandidateCost = 16;
 constexpr std::size_t kCostPerByte = 2;
 constexpr std::size_t kFreeCost = 16'384;
 
-std::size_t EqualBytes(const char* one, const char* two, std::size_t count) {
-  std::size_t done = 0;
-  for (std::uint64_t left = 0, right = 0; done + sizeof left <= count; done += sizeof left) {
-    std::memcpy(&left, one + done, sizeof left);
-    std::memcpy(&right, two + done, sizeof right);
+// How many of the first count bytes are left when the equal ones at their end are taken away.
+std::size_t WithoutEqualEnd(const char* one, const char* two, std::size_t count) {
+  for (std::uint64_t left = 0, right = 0; count >= sizeof left; count -= sizeof left) {
+    std::memcpy(&left, one + count - sizeof left, sizeof left);
+    std::memcpy(&right, two + count - sizeof right, sizeof right);
     if (left != right) break;
   }
-  while (done < count && one[done] == two[done]) ++done;
-  return done;
+  while (count > 0 && one[count - 1] == two[count - 1]) --count;
+  return count;
 }
 
 }  // namespace
@@ -39,12 +40,13 @@ ByteFinder::ByteFinder(std::string_view pattern, bool ignoreCase) : pattern_(pat
     fold_[byte] = ignoreCase ? code_page::Fold(value) : value;
     mask_[byte] = ignoreCase ? static_cast<unsigned char>(value ^ code_page::Upper(value)) : 0;
   }
-  std::array<bool, 256> seen{};
   for (std::size_t i = 0; i < pattern_.size(); ++i) {
     const unsigned char byte = Folded(pattern_[i]);
     pattern_[i] = static_cast<char>(byte);
-    if (!seen[byte]) places_.push_back(i);
-    seen[byte] = true;
+    last_[byte] = i + 1;
+  }
+  for (const std::size_t last : last_) {
+    if (last > 0) places_.push_back(last - 1);
   }
 }
 
@@ -52,25 +54,28 @@ std::size_t ByteFinder::Find(std::string_view text, std::size_t from) {
   if (text.size() < pattern_.size()) return kNone;
   const std::size_t end = text.size() - pattern_.size() + 1;
   if (from >= end) return kNone;
-  const BytePair pair = RarePair(text, from);
+  if (searched_++ % kTextsPerLook == 0) pair_ = RarePair(text);
   const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
   std::size_t cost = 0;
-  for (std::size_t place = from; (place = ScanForPair(pair, bytes, place, end)) < end; ++place) {
-    const std::size_t matching = MatchingBytes(text.data() + place);
-    if (matching == pattern_.size()) return place;
-    cost += kCandidateCost + matching;
-    if (cost > kFreeCost + kCostPerByte * (place - from)) return FindByTable(text, place + 1);
+  for (std::size_t place = from; (place = ScanForPair(pair_, bytes, place, end)) < end;) {
+    const std::size_t mismatch = LastMismatch(text.data() + place);
+    if (mismatch == kNone) return place;
+    cost += kCandidateCost + pattern_.size() - mismatch;
+    // The byte that does not match cannot do so before it has come to its last place in the pattern.
+    const std::size_t last = last_[Folded(text[place + mismatch])];
+    place += last <= mismatch ? mismatch + 1 - last : 1;
+    if (cost > kFreeCost + kCostPerByte * (place - from)) return FindByTable(text, place);
   }
   return kNone;
 }
 
 // The two bytes of the pattern that the text holds least of. Of a pattern with one byte only, its ends.
-BytePair ByteFinder::RarePair(std::string_view text, std::size_t from) const {
+BytePair ByteFinder::RarePair(std::string_view text) const {
   std::size_t first = 0;
   std::size_t second = pattern_.size() - 1;
   if (places_.size() > 1) {
     std::array<std::size_t, 256> count{};
-    for (std::size_t i = from, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
+    for (std::size_t i = 0, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
       ++count[Folded(text[i])];
     }
     std::vector<std::size_t> rarest = places_;
@@ -88,10 +93,11 @@ BytePair ByteFinder::RarePair(std::string_view text, std::size_t from) const {
   return {partAt(first), partAt(second)};
 }
 
-std::size_t ByteFinder::MatchingBytes(const char* text) const {
-  std::size_t done = EqualBytes(text, pattern_.data(), pattern_.size());
-  while (done < pattern_.size() && Folded(text[done]) == static_cast<unsigned char>(pattern_[done])) ++done;
-  return done;
+// The last place where the pattern and the text differ; kNone where they do not.
+std::size_t ByteFinder::LastMismatch(const char* text) const {
+  std::size_t left = WithoutEqualEnd(text, pattern_.data(), pattern_.size());
+  while (left > 0 && Folded(text[left - 1]) == static_cast<unsigned char>(pattern_[left - 1])) --left;
+  return left == 0 ? kNone : left - 1;
 }
 
 // The failure table says, for a number of matching bytes, how many of them match when the pattern is moved on

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-namespace FileSystem {
+#include "fileops/byte_pair_scan.h"
 
-struct BytePair;
+namespace FileSystem {
 
 /// Finds one pattern in any number of texts, in a time that grows with the text alone. Two bytes of the
 /// pattern that are rare in the text are looked for, many positions at once; where both stand, the rest is
@@ -26,14 +26,17 @@ class ByteFinder {
 
  private:
   unsigned char Folded(char byte) const { return fold_[static_cast<unsigned char>(byte)]; }
-  BytePair RarePair(std::string_view text, std::size_t from) const;
-  std::size_t MatchingBytes(const char* text) const;
+  BytePair RarePair(std::string_view text) const;
+  std::size_t LastMismatch(const char* text) const;
   std::size_t FindByTable(std::string_view text, std::size_t from);
 
   std::array<unsigned char, 256> fold_{};  // each byte as the comparison sees it
   std::array<unsigned char, 256> mask_{};  // the bits in which the two cases of a folded byte differ
   std::string pattern_;                    // folded
-  std::vector<std::size_t> places_;        // one position of each different byte of the pattern
+  std::array<std::size_t, 256> last_{};    // behind the last place of each byte in the pattern, 0 for none
+  std::vector<std::size_t> places_;        // the last place of each different byte
+  BytePair pair_{};                        // what is looked for
+  unsigned searched_ = 0;                  // how many texts were
   std::vector<std::uint32_t> failure_;     // made when it is needed
 };
 

@@ -73,6 +73,42 @@ struct WidePair {
   return ScanByByte(pair, text, from, end);
 }
 
+// Four times sixty-four. The second comparison is made only of what the first one left. Where no mask has a
+// bit, setting none saves a fourth of the time.
+template <bool kMasked>
+[[gnu::target("avx512bw")]] std::size_t ScanBySixtyFour(const BytePair& pair, const unsigned char* text,
+                                                        std::size_t from, std::size_t end) {
+  const __m512i firstValue = _mm512_set1_epi8(static_cast<char>(pair.first.value));
+  const __m512i firstMask = _mm512_set1_epi8(static_cast<char>(pair.first.mask));
+  const __m512i secondValue = _mm512_set1_epi8(static_cast<char>(pair.second.value));
+  const __m512i secondMask = _mm512_set1_epi8(static_cast<char>(pair.second.mask));
+  const auto fits = [&](const unsigned char* place) __attribute__((target("avx512bw"), always_inline)) {
+    __m512i one = _mm512_loadu_si512(place + pair.first.offset);
+    __m512i two = _mm512_loadu_si512(place + pair.second.offset);
+    if constexpr (kMasked) {
+      one = _mm512_or_si512(one, firstMask);
+      two = _mm512_or_si512(two, secondMask);
+    }
+    return _mm512_mask_cmpeq_epi8_mask(_mm512_cmpeq_epi8_mask(one, firstValue), two, secondValue);
+  };
+  for (; from + 256 <= end; from += 256) {
+    const unsigned char* const place = text + from;
+    if ((fits(place) | fits(place + 64) | fits(place + 128) | fits(place + 192)) != 0) break;
+  }
+  for (; from + 64 <= end; from += 64) {
+    const std::uint64_t bits = fits(text + from);
+    if (bits != 0) return from + static_cast<std::size_t>(__builtin_ctzll(bits));
+  }
+  return ScanByByte(pair, text, from, end);
+}
+
+[[gnu::target("avx512bw")]] std::size_t ScanBySixtyFour(const BytePair& pair, const unsigned char* text,
+                                                        std::size_t from, std::size_t end) {
+  const bool masked = (pair.first.mask | pair.second.mask) != 0;
+  return masked ? ScanBySixtyFour<true>(pair, text, from, end)
+                : ScanBySixtyFour<false>(pair, text, from, end);
+}
+
 #endif
 
 }  // namespace
@@ -85,6 +121,7 @@ std::size_t ScanForPair(const BytePair& pair, const unsigned char* text, std::si
 std::vector<PairScan> PairScans() {
   std::vector<PairScan> scans;
 #if defined(__x86_64__)
+  if (__builtin_cpu_supports("avx512bw")) scans.push_back(ScanBySixtyFour);
   if (__builtin_cpu_supports("avx2")) scans.push_back(ScanByThirtyTwo);
   scans.push_back(ScanBySixteen);
 #endif

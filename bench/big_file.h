@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <functional>
+#include <string>
+#include <unistd.h>
+
+#include "fileops/progress.h"
+
+namespace bench {
+
+/// A file of many blocks of the same length, in the page cache, that goes away with the program.
+class BigFile {
+ public:
+  static constexpr std::size_t kBlock = 1 << 20;
+
+  BigFile(std::int64_t length, const std::function<void(std::string& block)>& fill) {
+    const int descriptor = mkstemp(path_.data());
+    std::string block(kBlock, '\0');
+    for (std::int64_t done = 0; done < length; done += static_cast<std::int64_t>(kBlock)) {
+      fill(block);
+      if (write(descriptor, block.data(), kBlock) != static_cast<ssize_t>(kBlock)) Stop("write");
+    }
+    close(descriptor);
+  }
+  BigFile(const BigFile&) = delete;
+  BigFile& operator=(const BigFile&) = delete;
+  ~BigFile() { unlink(path_.c_str()); }
+
+  const std::string& Path() const { return path_; }
+
+  [[noreturn]] static void Stop(const char* what) {
+    std::perror(what);
+    std::exit(1);
+  }
+
+ private:
+  std::string path_ = "/var/tmp/bytewarp-bench-XXXXXX";
+};
+
+/// How long the files are: the first argument in MiB, else 1 GiB.
+inline std::int64_t LengthFrom(int argc, char** argv) {
+  return (argc > 1 ? std::atoll(argv[1]) : 1024) * static_cast<std::int64_t>(BigFile::kBlock);
+}
+
+/// Bytes without a pattern of their own, other ones with every block.
+inline void FillMixed(std::string& block) {
+  static std::uint64_t mix = 88172645463325252U;
+  for (char& byte : block) {
+    mix ^= mix << 13U;
+    mix ^= mix >> 7U;
+    mix ^= mix << 17U;
+    byte = static_cast<char>(mix >> 32U);
+  }
+}
+
+/// Nobody watches, nobody cancels.
+class NoProgress : public bwp::Progress {
+ public:
+  void SetCaption(const std::string& /*caption*/) override {}
+  void SetLabel(const std::string& /*label*/) override {}
+  std::string Label() const override { return {}; }
+  void SetBar(float /*percent*/) override {}
+  void Show() override {}
+  void Hide() override {}
+  void LetEventsRun() override {}
+  bool Aborted() const override { return false; }
+  void ClearAbort() override {}
+};
+
+}  // namespace bench
