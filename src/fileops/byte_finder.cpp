@@ -15,6 +15,10 @@ constexpr std::size_t kSamples = 512;
 constexpr std::size_t kSampleDistance = 1021;
 constexpr unsigned kTextsPerLook = 16;
 
+// So many of the rarest bytes are tried in pairs, each on so much of the text.
+constexpr std::size_t kRarest = 5;
+constexpr std::size_t kTrialLength = 8'192;
+
 // Comparing a candidate costs its equal bytes and this much. Altogether it may cost so many times the bytes
 // that were passed, after a start that is free.
 constexpr std::size_t kCandidateCost = 16;
@@ -30,6 +34,17 @@ std::size_t WithoutEqualEnd(const char* one, const char* two, std::size_t count)
   }
   while (count > 0 && one[count - 1] == two[count - 1]) --count;
   return count;
+}
+
+// How often the pair fits before `end`; no more than limit.
+std::size_t CountFits(const BytePair& pair, const unsigned char* text, std::size_t end, std::size_t limit) {
+  std::size_t fits = 0;
+  std::size_t place = 0;
+  while (fits < limit && (place = ScanForPair(pair, text, place, end)) < end) {
+    ++fits;
+    ++place;
+  }
+  return fits;
 }
 
 }  // namespace
@@ -69,28 +84,46 @@ std::size_t ByteFinder::Find(std::string_view text, std::size_t from) {
   return kNone;
 }
 
-// The two bytes of the pattern that the text holds least of. Of a pattern with one byte only, its ends.
-BytePair ByteFinder::RarePair(std::string_view text) const {
-  std::size_t first = 0;
-  std::size_t second = pattern_.size() - 1;
-  if (places_.size() > 1) {
-    std::array<std::size_t, 256> count{};
-    for (std::size_t i = 0, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
-      ++count[Folded(text[i])];
-    }
-    std::vector<std::size_t> rarest = places_;
-    std::partial_sort(rarest.begin(), rarest.begin() + 2, rarest.end(),
-                      [&](std::size_t one, std::size_t two) {
-                        return count[Folded(pattern_[one])] < count[Folded(pattern_[two])];
-                      });
-    first = rarest[0];
-    second = rarest[1];
+// Where those bytes of the pattern stand that the text holds least of, the rarest first.
+std::vector<std::size_t> ByteFinder::RarePlaces(std::string_view text) const {
+  std::array<std::size_t, 256> count{};
+  for (std::size_t i = 0, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
+    ++count[Folded(text[i])];
   }
+  std::vector<std::size_t> rarest(std::min(places_.size(), kRarest));
+  std::partial_sort_copy(places_.begin(), places_.end(), rarest.begin(), rarest.end(),
+                         [&](std::size_t one, std::size_t two) {
+                           return count[Folded(pattern_[one])] < count[Folded(pattern_[two])];
+                         });
+  return rarest;
+}
+
+BytePair ByteFinder::PairAt(std::size_t first, std::size_t second) const {
   const auto partAt = [this](std::size_t position) {
     const auto byte = static_cast<unsigned char>(pattern_[position]);
     return BytePair::Part{position, static_cast<unsigned char>(byte | mask_[byte]), mask_[byte]};
   };
   return {partAt(first), partAt(second)};
+}
+
+// Bytes that are rare each for itself may still come together, as those of a usual word do; so the pairs are
+// tried. Of a pattern with one byte only, the ends are taken.
+BytePair ByteFinder::RarePair(std::string_view text) const {
+  const std::vector<std::size_t> places = RarePlaces(text);
+  if (places.size() == 1) return PairAt(0, pattern_.size() - 1);
+  const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
+  const std::size_t end = std::min(text.size() - pattern_.size() + 1, kTrialLength);
+  BytePair rarest{};
+  std::size_t fewest = kNone;
+  for (std::size_t second = 1; second < places.size() && fewest > 0; ++second) {
+    for (std::size_t first = 0; first < second && fewest > 0; ++first) {
+      const BytePair pair = PairAt(places[first], places[second]);
+      const std::size_t fits = CountFits(pair, bytes, end, fewest);
+      if (fits < fewest) rarest = pair;
+      fewest = std::min(fits, fewest);
+    }
+  }
+  return rarest;
 }
 
 // The last place where the pattern and the text differ; kNone where they do not.

@@ -26,6 +26,8 @@ class ByteFinder {
 
  private:
   unsigned char Folded(char byte) const { return fold_[static_cast<unsigned char>(byte)]; }
+  std::vector<std::size_t> RarePlaces(std::string_view text) const;
+  BytePair PairAt(std::size_t first, std::size_t second) const;
   BytePair RarePair(std::string_view text) const;
   std::size_t LastMismatch(const char* text) const;
   std::size_t FindByTable(std::string_view text, std::size_t from);
