@@ -60,13 +60,15 @@ void ScrollBarWidget::ShowThumb() {
 }
 
 bool ScrollBarWidget::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == VSB_) return ThumbMouse(*event);
+  // A disabled part's events pass here as well; they are for the form behind it.
+  const bool takesMouse = static_cast<const QWidget*>(watched)->isEnabled();
+  if (watched == VSB_) return takesMouse && ThumbMouse(*event);
   if (event->type() == QEvent::Resize) {
     FitThumb(state_, ToUnits(VSBack_->height()));
     ShowThumb();
     return false;
   }
-  return TrackMouse(*event);
+  return takesMouse && TrackMouse(*event);
 }
 
 bool ScrollBarWidget::TrackMouse(QEvent& event) {

@@ -57,6 +57,11 @@ inline void DoubleClick(QWidget* widget, const QPoint& place) {
   QTest::mouseRelease(widget, Qt::LeftButton, {}, place);
 }
 
+/// The same at a place of a window, on whatever is there.
+inline void DoubleClickAt(QWidget& window, const QPoint& place) {
+  QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, place);
+}
+
 /// A window on an open file of the given length (PatternBytes), shown and active.
 struct FileWindow {
   explicit FileWindow(std::size_t length) : bytes(PatternBytes(length)), path(folder.Write("file", bytes)) {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QWidget>
+
+#include "viewer/display.h"
+
+namespace bwp {
+
+/// Disables every control of a form at once, menu entries and pop-up entries among them, except the one that
+/// has the kept control's name. Events that wait are handled first; the form is visible, or not, meanwhile
+/// and visible afterwards.
+void DisableControls(QWidget& form, Display& display, bool visibleDuring = true,
+                     const QObject* kept = nullptr);
+
+/// The other way round.
+void EnableControls(QWidget& form, Display& display, bool visibleDuring = true,
+                    const QObject* kept = nullptr);
+
+}  // namespace bwp

@@ -1,0 +1,178 @@
+#include "interaction/forms/edit_controller.h"
+
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "fileops/shown_file.h"
+#include "interaction/forms/control_switch.h"
+#include "interaction/write_back.h"
+#include "viewer/forms/text_conversion.h"
+#include "viewer/refresh.h"
+
+namespace bwp {
+namespace {
+
+constexpr std::uint8_t kEnter = 13;
+
+// The character that a key types, Enter being one; 0 for a key that types none, or is a command.
+std::uint8_t CharacterOf(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return kEnter;
+  if (event.modifiers().testFlag(Qt::AltModifier) || event.modifiers().testFlag(Qt::ControlModifier))
+    return 0;
+  const std::string text = ToCodePage(event.text());
+  const auto code = text.size() == 1 ? static_cast<std::uint8_t>(text.front()) : std::uint8_t{0};
+  return code >= ' ' ? code : std::uint8_t{0};
+}
+
+QPushButton* MakeButton(const QString& name, const QString& caption, const QString& accessibleName,
+                        QWidget* parent) {
+  auto* const button = new QPushButton(caption, parent);
+  button->setObjectName(name);
+  button->setAccessibleName(accessibleName);
+  return button;
+}
+
+}  // namespace
+
+EditController::EditController(ViewState& state, Services& services, PageTable& tabe, PageMenu& menu,
+                               QWidget& form, QWidget* parent)
+    : QWidget(parent),
+      edit(MakeButton(QStringLiteral("edit"), QStringLiteral("Edit"), QStringLiteral("Edit the page's bytes"),
+                      this)),
+      state_(state),
+      services_(services),
+      tabe_(tabe),
+      form_(form),
+      edit_(state),
+      Cancel_(MakeButton(QStringLiteral("Cancel"), QStringLiteral("Cancel"),
+                         QStringLiteral("Discard what was typed"), this)) {
+  Cancel_->setEnabled(false);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(edit);
+  row->addWidget(Cancel_);
+
+  connect(edit, &QPushButton::clicked, this, [this] { EditClicked(); });
+  connect(Cancel_, &QPushButton::clicked, this, [this] { CancelClicked(); });
+  menu.onEdit = [this](PopupCell cell) { Enter(cell.row, cell.column); };
+  connect(tabe.selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& current) {
+            if (!edit_.On() || !current.isValid()) return;
+            edit_.MoveTo(current.row(), current.column());
+            ShowCurrentCell();
+          });
+  edit->installEventFilter(this);
+  tabe.installEventFilter(this);
+  form.installEventFilter(this);
+}
+
+bool EditController::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (watched == &tabe_) return GridKey(key);
+    if (watched == edit) return ButtonKey(key);
+  }
+  if (event->type() == QEvent::MouseButtonDblClick && watched == &form_) {
+    return DoubleClicked(static_cast<const QMouseEvent&>(*event));
+  }
+  return false;
+}
+
+void EditController::EditClicked() {
+  if (edit_.On()) {
+    Save();
+  } else {
+    Enter(0, kFirstValueColumn);
+  }
+}
+
+void EditController::Enter(int row, int column) {
+  if (!edit_.MayEnter()) return;
+  DisableAll();
+  edit_.Enter(row, column);
+  edit->setText(QStringLiteral("Save"));
+  tabe_.setEnabled(true);
+  edit->setEnabled(true);
+  Cancel_->setEnabled(true);
+  services_.display.LetEventsRun();
+  tabe_.setFocus();
+  ShowCurrentCell();
+}
+
+void EditController::Save() {
+  const bool save = services_.notices.Ask("Are you sure you want to save changes ?");
+  const bool changedMeanwhile = save && !WriteBackPage(state_, services_.disk);
+  tabe_.setEnabled(false);
+  edit_.Leave();
+  if (changedMeanwhile) {
+    TellChanged(state_, services_);
+  } else {
+    Refresh(state_, services_.display);
+  }
+  EnableAll();
+  edit->setText(QStringLiteral("Edit"));
+}
+
+void EditController::CancelClicked() {
+  edit_.Leave();
+  state_.FieldTyping = false;
+  DisableAll();
+  EnableAll();
+  Refresh(state_, services_.display);
+  edit->setText(QStringLiteral("Edit"));
+}
+
+// Disabling must not change the base.
+void EditController::DisableAll() {
+  auto* const hexop = form_.findChild<QRadioButton*>(QStringLiteral("hexop"));
+  const bool hex = hexop != nullptr && hexop->isChecked();
+  DisableControls(form_, services_.display);
+  if (hex) hexop->setChecked(true);
+}
+
+// Outside the mode the grid leaves the mouse to the form behind it, and there is nothing to discard.
+void EditController::EnableAll() {
+  EnableControls(form_, services_.display);
+  tabe_.setEnabled(false);
+  Cancel_->setEnabled(false);
+  if (afterEnabling) afterEnabling();
+  edit->setFocus();
+}
+
+void EditController::ShowCurrentCell() {
+  const EditCell cell = edit_.Current();
+  tabe_.SetCurrentCell({cell.row, cell.column});
+  tabe_.ShowPage();
+}
+
+// Characters and Enter are typed into the cell; all other keys move the grid's current cell, or do nothing.
+bool EditController::GridKey(const QKeyEvent& event) {
+  const std::uint8_t code = CharacterOf(event);
+  if (!edit_.On() || code == 0) return false;
+  edit_.TypeKey(code);
+  ShowCurrentCell();
+  return true;
+}
+
+bool EditController::ButtonKey(const QKeyEvent& event) {
+  const std::uint8_t code = CharacterOf(event);
+  if (!edit_.On() || code < 37 || code > 40) return false;
+  edit_.ButtonKey(code);
+  ShowCurrentCell();
+  return true;
+}
+
+bool EditController::DoubleClicked(const QMouseEvent& event) {
+  const QPoint global = event.globalPosition().toPoint();
+  if (event.button() != Qt::LeftButton || edit_.On()) return false;
+  if (!tabe_.rect().contains(tabe_.mapFromGlobal(global))) return false;
+  const PopupCell cell = ByteCellAt(tabe_, global);
+  Enter(cell.row, cell.column);
+  return true;
+}
+
+}  // namespace bwp

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+
+#include <QWidget>
+
+#include "fileops/services.h"
+#include "interaction/edit_mode.h"
+#include "interaction/forms/page_menu.h"
+
+class QAbstractButton;
+class QKeyEvent;
+class QMouseEvent;
+class QPushButton;
+
+namespace bwp {
+
+/// The buttons `edit` and `Cancel`, and everything that direct edit mode has to do with the form: it is
+/// entered by the button, the grid's pop-up menu and a double click on the grid, switches the form's other
+/// controls off meanwhile, and hands the grid's keys to the engine.
+class EditController : public QWidget {
+ public:
+  /// `form` is the window whose controls are switched; `menu` gets its `onEdit` from here.
+  EditController(ViewState& state, Services& services, PageTable& tabe, PageMenu& menu, QWidget& form,
+                 QWidget* parent = nullptr);
+
+  bool IsOn() const { return edit_.On(); }
+
+  /// Called when every control has been enabled again, to disable those that make no sense now.
+  std::function<void()> afterEnabling;
+
+  QPushButton* edit;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void EditClicked();
+  void CancelClicked();
+  void Enter(int row, int column);
+  void Save();
+  void DisableAll();
+  void EnableAll();
+  void ShowCurrentCell();
+  bool GridKey(const QKeyEvent& event);
+  bool ButtonKey(const QKeyEvent& event);
+  bool DoubleClicked(const QMouseEvent& event);
+
+  ViewState& state_;
+  Services& services_;
+  PageTable& tabe_;
+  QWidget& form_;
+  EditMode edit_;
+  QPushButton* Cancel_;
+};
+
+}  // namespace bwp

@@ -1,0 +1,49 @@
+#include "interaction/forms/term_field.h"
+
+#include <QKeyEvent>
+
+#include "viewer/forms/offset_box.h"
+
+namespace bwp {
+namespace {
+
+// A term of this length is a term of a whole page many times over; the default would cut its mirrors.
+constexpr int kLongestText = 1 << 24;
+
+bool IsTyping(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Backspace) return true;
+  // A command, such as pasting.
+  if ((event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier) return false;
+  const QString text = event.text();
+  return !text.isEmpty() && text.front() >= QLatin1Char(' ') && event.key() != Qt::Key_Delete;
+}
+
+}  // namespace
+
+TermField::TermField(const QString& name, const QString& toolTip, QWidget* parent) : QLineEdit(parent) {
+  setObjectName(name);
+  setAccessibleName(toolTip);
+  setToolTip(toolTip);
+  setMaxLength(kLongestText);
+  connect(this, &QLineEdit::textEdited, this, [this] { onEdited(inCharacter_); });
+}
+
+void TermField::keyPressEvent(QKeyEvent* event) {
+  if (IsEnter(*event) || event->key() == Qt::Key_Escape) {
+    // A held key is one press.
+    if (!event->isAutoRepeat()) IsEnter(*event) ? onEnter() : onEscape();
+    return;
+  }
+  const bool typing = IsTyping(*event);
+  if (typing) onCharacter();
+  inCharacter_ = typing;
+  QLineEdit::keyPressEvent(event);
+  inCharacter_ = false;
+}
+
+void TermField::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  onLeft();
+}
+
+}  // namespace bwp

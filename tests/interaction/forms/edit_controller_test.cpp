@@ -1,0 +1,318 @@
+#include "interaction/forms/edit_controller.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "interaction/forms/chunk_panel.h"
+#include "interaction/forms/keyboard_filter.h"
+#include "interaction/forms/scroll_bar_widget.h"
+#include "support/forms/interaction_window.h"
+#include "support/recorders.h"
+#include "viewer/forms/position_panel.h"
+#include "viewer/refresh.h"
+#include "viewer/run_time_error.h"
+
+namespace {
+
+using bwp::EditController;
+using bwp::PageTable;
+using bwp::test::FileWindow;
+using bwp::test::ReadFile;
+using Cell = bwp::PageTable::Cell;
+
+/// The parts of the main form that edit mode has to do with.
+struct Form : FileWindow {
+  explicit Form(std::size_t length, bool hex = true) : FileWindow(length) {
+    state.HexMode = hex;
+    window.setObjectName(QStringLiteral("f"));
+    auto* const column = new QVBoxLayout(&window);
+    table = new PageTable(state.tabe, &window);
+    bar = new bwp::ScrollBarWidget(state, display, &window);
+    menu = std::make_unique<bwp::PageMenu>(state, display, *table, window);
+    controller = new EditController(state, services, *table, *menu, window, &window);
+    for (QWidget* const part :
+         std::initializer_list<QWidget*>{table, bar, new bwp::ChunkPanel(state, display, &window),
+                                         new bwp::PositionPanel(state, display, &window), controller}) {
+      column->addWidget(part);
+    }
+    MenuExit = new QAction(&window);
+    MenuExit->setObjectName(QStringLiteral("MenuExit"));
+    filter = std::make_unique<bwp::KeyboardFilter>(state, display, *bar, window);
+    display.onRedraw = [this] { table->ShowPage(); };
+    display.onFocusGrid = [this] {
+      if (table->isEnabled()) table->setFocus();
+    };
+    edit = Find<QPushButton>("edit");
+    Cancel = Find<QPushButton>("Cancel");
+    Show();
+    bwp::Refresh(state, display);
+  }
+
+  void Click(QWidget* button) { QTest::mouseClick(button, Qt::LeftButton); }
+  /// Keys go to whoever has the focus, as the keyboard's do.
+  void Keys(const char* text) {
+    for (const char* key = text; *key != '\0'; ++key) QTest::keyClick(QApplication::focusWidget(), *key);
+  }
+  void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+  std::string Text(int row, int column) { return std::string(state.tabe.Text(row, column)); }
+  QPoint Place(int row, int column) const {
+    return table->viewport()->mapTo(&window, table->visualRect(table->model()->index(row, column)).center());
+  }
+  /// The named controls that take input now.
+  QStringList Enabled() {
+    QStringList names;
+    for (const char* name : {"tabe", "edit", "Cancel", "VSUP", "VSDW", "VSBack", "VSB", "MHStart", "mdend",
+                             "Gstart", "HStart", "Dend", "hexop", "decop"}) {
+      if (Find<QWidget>(name)->isEnabled()) names << QLatin1String(name);
+    }
+    for (const char* name : {"MenuExit", "popmstart", "popedit"}) {
+      if (window.findChild<QAction*>(QLatin1String(name))->isEnabled()) names << QLatin1String(name);
+    }
+    return names;
+  }
+
+  bwp::test::Transcript transcript;
+  bwp::test::RecordedNotices notices{transcript};
+  bwp::test::RecordedProgress progress{transcript};
+  bwp::Disk disk;
+  bwp::Services services{display, progress, notices, disk};
+  PageTable* table;
+  bwp::ScrollBarWidget* bar;
+  std::unique_ptr<bwp::PageMenu> menu;
+  EditController* controller;
+  QAction* MenuExit;
+  std::unique_ptr<bwp::KeyboardFilter> filter;
+  QPushButton* edit;
+  QPushButton* Cancel;
+};
+
+const QStringList kLive{QStringLiteral("tabe"), QStringLiteral("edit"), QStringLiteral("Cancel")};
+
+TEST(EditController, TheButtonTurnsTheModeOnAtTheFirstCell) {
+  Form f(5000);
+  EXPECT_EQ(f.edit->text(), QStringLiteral("Edit"));
+  f.Click(f.edit);
+  EXPECT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.edit->text(), QStringLiteral("Save"));
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{0, 1}));
+  EXPECT_EQ(QApplication::focusWidget(), f.table);
+}
+
+TEST(EditController, EverythingElseIsOffMeanwhileAndOnAfterwardsButTheGrid) {
+  Form f(5000);
+  const QStringList before = f.Enabled();
+  EXPECT_FALSE(before.contains(QStringLiteral("tabe")));
+  f.Click(f.edit);
+  EXPECT_EQ(f.Enabled(), kLive);
+  f.Click(f.edit);
+  EXPECT_EQ(f.Enabled(), before);
+  f.Click(f.edit);
+  f.Click(f.Cancel);
+  EXPECT_EQ(f.Enabled(), before);
+  EXPECT_TRUE(f.window.isVisible());
+}
+
+TEST(EditController, TheScrollBarStandsStillMeanwhile) {
+  Form f(5000);
+  f.Click(f.edit);
+  for (const char* part : {"VSUP", "VSDW", "VSBack", "VSB"}) {
+    auto* const widget = f.Find<QWidget>(part);
+    QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(3, widget->height() - 2));
+  }
+  EXPECT_EQ(f.state.SWStart, 0);
+  EXPECT_TRUE(f.state.FieldTyping);
+}
+
+TEST(EditController, KeepsTheBaseOfEachKind) {
+  for (const bool hex : {true, false}) {
+    Form f(5000, hex);
+    f.Click(f.edit);
+    f.Click(f.Cancel);
+    EXPECT_EQ(f.Find<QRadioButton>("hexop")->isChecked(), hex);
+    EXPECT_EQ(f.state.HexMode, hex);
+  }
+}
+
+TEST(EditController, WhatIsTypedIsSavedAfterAYes) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Keys("41423");
+  f.Key(Qt::Key_Return);
+  EXPECT_EQ(f.Text(0, 17), "A");
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{0, 4}));
+  EXPECT_EQ(ReadFile(f.path), f.bytes);
+  f.Click(f.edit);
+  EXPECT_EQ(f.transcript, (bwp::test::Transcript{"ask Are you sure you want to save changes ?"}));
+  std::string expected = f.bytes;
+  expected.replace(0, 3, "AB\x03");
+  EXPECT_EQ(ReadFile(f.path), expected);
+  EXPECT_FALSE(f.controller->IsOn());
+  EXPECT_FALSE(f.state.FieldTyping);
+  EXPECT_EQ(f.edit->text(), QStringLiteral("Edit"));
+  EXPECT_EQ(f.Text(0, 3), "03");
+}
+
+TEST(EditController, ANoLeavesTheFileAloneAndTheModeToo) {
+  Form f(5000);
+  f.notices.answer = false;
+  const std::string before = f.Text(0, 1);
+  f.Click(f.edit);
+  f.Keys("0102");
+  f.Click(f.edit);
+  EXPECT_EQ(ReadFile(f.path), f.bytes);
+  EXPECT_FALSE(f.controller->IsOn());
+  EXPECT_EQ(f.Text(0, 1), before);
+}
+
+TEST(EditController, CancelDiscardsEveryEditWithoutAQuestion) {
+  Form f(5000);
+  const bwp::PageGrid before = f.state.tabe;
+  f.Click(f.edit);
+  f.Keys("0102");
+  f.Click(f.Cancel);
+  EXPECT_TRUE(f.transcript.empty());
+  EXPECT_EQ(ReadFile(f.path), f.bytes);
+  EXPECT_FALSE(f.controller->IsOn());
+  EXPECT_EQ(f.edit->text(), QStringLiteral("Edit"));
+  for (int row = 0; row < bwp::kRows; ++row) {
+    for (int column = 0; column < bwp::kColumns; ++column) {
+      ASSERT_EQ(f.state.tabe.Text(row, column), before.Text(row, column));
+      ASSERT_EQ(f.state.tabe.Background(row, column), before.Background(row, column));
+    }
+  }
+}
+
+TEST(EditController, ArrowAndPagingKeysMoveTheCurrentCell) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Key(Qt::Key_Down);
+  f.Key(Qt::Key_Right);
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{1, 2}));
+  f.Key(Qt::Key_Left);
+  f.Key(Qt::Key_Left);
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{1, 1})) << "the offsets are no cells to edit";
+  f.Key(Qt::Key_Up);
+  f.Key(Qt::Key_PageDown);
+  EXPECT_EQ(f.table->CurrentCell()->row, 31);
+  f.Key(Qt::Key_PageUp);
+  EXPECT_EQ(f.table->CurrentCell()->row, 0);
+  f.Key(Qt::Key_End);
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{0, 32}));
+  EXPECT_EQ(f.state.SWStart, 0) << "edit mode never scrolls";
+}
+
+TEST(EditController, AClickMovesTheCurrentCell) {
+  Form f(5000);
+  f.Click(f.edit);
+  QTest::mouseClick(f.window.windowHandle(), Qt::LeftButton, {}, f.Place(7, 9));
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{7, 9}));
+  EXPECT_EQ(f.state.tabe.Background(7, 9), bwp::kCellAsInFileColour);
+  EXPECT_NE(f.state.tabe.Background(0, 1), bwp::kCellAsInFileColour);
+}
+
+TEST(EditController, InAShortFileTheCurrentCellStaysOnItsBytes) {
+  Form f(100);
+  f.Click(f.edit);
+  QTest::mouseClick(f.window.windowHandle(), Qt::LeftButton, {}, f.Place(20, 9));
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{6, 4}));
+  f.Key(Qt::Key_Down);
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{6, 4}));
+  f.Keys("EE");
+  f.Click(f.edit);
+  std::string expected = f.bytes;
+  expected[99] = '\xEE';
+  EXPECT_EQ(ReadFile(f.path), expected);
+}
+
+TEST(EditController, ADoubleClickOnTheGridEditsThatCell) {
+  Form f(5000);
+  bwp::test::DoubleClickAt(f.window, f.Place(4, 20));
+  EXPECT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{4, 20}));
+}
+
+TEST(EditController, ADoubleClickOnAnOffsetEditsTheRowsFirstByte) {
+  Form f(5000);
+  bwp::test::DoubleClickAt(f.window, f.Place(4, 0));
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{4, 1}));
+}
+
+TEST(EditController, ADoubleClickBesideTheGridDoesNothing) {
+  Form f(5000);
+  bwp::test::DoubleClickAt(f.window, QPoint(2, 2));
+  EXPECT_FALSE(f.controller->IsOn());
+}
+
+TEST(EditController, ThePopUpsEntryEditsTheCellThatWasPointedAt) {
+  Form f(5000);
+  QTest::mouseClick(f.window.windowHandle(), Qt::RightButton, {}, f.Place(5, 6));
+  auto* const popmark = f.Find<QMenu>("popmark");
+  auto* const popedit = popmark->findChild<QAction*>(QStringLiteral("popedit"));
+  QTest::mouseClick(popmark, Qt::LeftButton, {}, popmark->actionGeometry(popedit).center());
+  EXPECT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{5, 6}));
+}
+
+TEST(EditController, FourCharactersTypedOnTheButtonMoveTheCell) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.edit->setFocus();
+  f.Keys("((%%&'");
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{1, 2}));
+  f.Click(f.Cancel);
+  f.edit->setFocus();
+  f.Keys("(");
+  EXPECT_FALSE(f.controller->IsOn());
+}
+
+TEST(EditController, WithoutAFileOrAByteNothingHappens) {
+  Form f(0);
+  f.Click(f.edit);
+  EXPECT_FALSE(f.controller->IsOn());
+  EXPECT_EQ(f.edit->text(), QStringLiteral("Edit"));
+  f.state.OpenFile.clear();
+  f.Click(f.edit);
+  bwp::test::DoubleClickAt(f.window, f.Place(4, 4));
+  EXPECT_FALSE(f.controller->IsOn());
+}
+
+TEST(EditController, AFileThatAnotherProgramChangedIsShownAsItIsNow) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Keys("00");
+  f.folder.Write("file", "short");
+  f.Click(f.edit);
+  EXPECT_EQ(f.transcript.back(), "tell [Error !] The file was changed by another program (x)");
+  EXPECT_EQ(ReadFile(f.path), "short");
+  EXPECT_EQ(f.state.FLen, 5);
+  EXPECT_EQ(f.Text(0, 17), "s");
+  EXPECT_EQ(f.Text(0, 22), "");
+  EXPECT_FALSE(f.controller->IsOn());
+}
+
+TEST(EditController, WhoeverOwnsTheFormIsAskedToDisableWhatMakesNoSense) {
+  Form f(5000);
+  f.controller->afterEnabling = [&] { f.MenuExit->setEnabled(false); };
+  f.Click(f.edit);
+  f.Click(f.Cancel);
+  EXPECT_FALSE(f.MenuExit->isEnabled());
+}
+
+TEST(EditController, TheNavigationKeysWorkAtOnceAfterwards) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Key(Qt::Key_Down);
+  f.Click(f.Cancel);
+  f.Key(Qt::Key_Down);
+  EXPECT_EQ(f.state.SWStart, 16);
+}
+
+}  // namespace
