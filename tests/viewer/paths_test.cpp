@@ -25,6 +25,13 @@ TEST(Paths, AFolderEndsWithOneSeparator) {
   EXPECT_EQ(funzioni::WithSeparator("/"), "/");
 }
 
+TEST(Paths, ATypedNameIsMeantForTheFolderUnlessItStartsAtTheRoot) {
+  EXPECT_EQ(funzioni::PathIn("/home/anna/", "a.bin"), "/home/anna/a.bin");
+  EXPECT_EQ(funzioni::PathIn("/home/anna/", "sub/a.bin"), "/home/anna/sub/a.bin");
+  EXPECT_EQ(funzioni::PathIn("/home/anna/", "/tmp/a.bin"), "/tmp/a.bin");
+  EXPECT_EQ(funzioni::PathIn("/home/anna/", ""), "/home/anna/");
+}
+
 TEST(Paths, ACommandLinePathLosesItsQuotes) {
   EXPECT_EQ(funzioni::CommandLinePath("\"/a file\""), "/a file");
   EXPECT_EQ(funzioni::CommandLinePath("/a file"), "/a file");

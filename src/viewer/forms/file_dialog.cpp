@@ -13,6 +13,7 @@ constexpr QSize kUsualSize(580, 420);
 constexpr double kFoldersPercent = 42;  // The folder list's share of the width.
 constexpr int kRowsOfSmallestList = 5;
 constexpr int kLettersOfSmallestField = 16;
+constexpr int kLettersOfSmallestDialog = 64;
 
 QLabel* Heading(QWidget& dialog, const QString& text, QWidget& of) {
   auto* heading = new QLabel(text, &dialog);
@@ -110,7 +111,7 @@ QSize FileDialog::SmallestSize() const {
   const int rows = static_cast<int>(std::max(rows_.size(), buttons_.size())) + 1;
   const int height = rows * (RowHeight() + letter) + foldersHeading_->sizeHint().height() +
                      kRowsOfSmallestList * fontMetrics().lineSpacing() + gap;
-  return {std::max(width, 44 * letter), height};
+  return {std::max(width, kLettersOfSmallestDialog * letter), height};
 }
 
 void FileDialog::Arrange() {

@@ -11,7 +11,7 @@
 namespace bwp {
 namespace {
 
-constexpr int kUsualLetters = 56;
+constexpr int kUsualLetters = 68;
 constexpr int kFewestLetters = 24;
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -106,8 +107,10 @@ TEST_F(ProgformTest, AnEnterStillHeldFromStartingTheOperationDoesNotCancelIt) {
 
 TEST_F(ProgformTest, APressThatWaitsIsSeenWhenEventsRun) {
   form_.Show();
-  QMetaObject::invokeMethod(
-      &form_, [this] { PressCancel(); }, Qt::QueuedConnection);
+  auto* cancel = form_.findChild<QPushButton*>(QStringLiteral("Cancel"));
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QCoreApplication::postEvent(cancel, new QKeyEvent(type, Qt::Key_Space, Qt::NoModifier));
+  }
   EXPECT_FALSE(form_.Aborted());
   form_.LetEventsRun();
   EXPECT_TRUE(form_.Aborted());
