@@ -14,9 +14,13 @@
 #include "app/start_up.h"
 #include "fileops/buffer_operations.h"
 #include "fileops/forms/buffer_buttons.h"
+#include "fileops/forms/saver.h"
 #include "fileops/rescue_buffer.h"
 #include "interaction/forms/chunk_panel.h"
+#include "interaction/forms/edit_controller.h"
 #include "interaction/forms/scroll_bar_widget.h"
+#include "interaction/forms/search_panel.h"
+#include "splitjoin/forms/split_join_tool.h"
 #include "viewer/forms/loader.h"
 #include "viewer/forms/page_table.h"
 #include "viewer/forms/position_panel.h"
@@ -29,12 +33,6 @@
 namespace bwp {
 namespace {
 
-QWidget& MakeCentre(QMainWindow& window) {
-  auto* const centre = new QWidget(&window);
-  window.setCentralWidget(centre);
-  return *centre;
-}
-
 // The path of a dropped file, byte for byte; empty for what lies on no disk of ours.
 std::string LocalPath(const QUrl& url) {
   if (!url.isLocalFile()) return {};
@@ -46,20 +44,24 @@ std::string LocalPath(const QUrl& url) {
 MainForm::MainForm(std::string progFolder)
     : progFolder_(std::move(progFolder)),
       menu_(*menuBar()),
-      controls_(MakeCentre(*this), state_, *this),
-      keyboard_(state_, *this, *controls_.scrollBar, *this),
-      pageMenu_(state_, *this, *controls_.page, *this) {
+      controls_(*this, state_, services_),
+      keyboard_(state_, *this, *controls_.scrollBar, *this) {
   setObjectName(QStringLiteral("f"));
   setAcceptDrops(true);
   ConnectFileCommands();
   ConnectChunkCommands();
-  ConnectOptions();
+  ConnectTools();
+  controls_.edit->afterEnabling = [this] { EnableCommands(); };
   EnableCommands();
 }
 
 void MainForm::ConnectFileCommands() {
   connect(menu_.open, &QAction::triggered, this, [this] { ShowLoader(); });
   connect(controls_.opn, &QPushButton::clicked, this, [this] { ShowLoader(); });
+  connect(menu_.sav, &QAction::triggered, this, [this] { ShowSaver(SaveAsTask(state_)); });
+  for (const QAction* const entry : {menu_.sachnk, menu_.sachnk2}) {
+    connect(entry, &QAction::triggered, this, [this] { ShowSaver(SaveChunkTask(state_)); });
+  }
   connect(menu_.MenuExit, &QAction::triggered, this, &QWidget::close);
 }
 
@@ -79,7 +81,10 @@ void MainForm::ConnectChunkCommands() {
   connect(menu_.menuappend, &QAction::triggered, this, [insert] { insert("app"); });
 }
 
-void MainForm::ConnectOptions() {
+void MainForm::ConnectTools() {
+  connect(menu_.find, &QAction::triggered, this, [this] { controls_.search->FocusTerm(); });
+  connect(menu_.findNext, &QAction::triggered, this, [this] { controls_.search->FindNext(); });
+  connect(menu_.splitAndJoin, &QAction::triggered, this, [this] { ShowSplitJoin(); });
   for (std::size_t choice = 0; choice < menu_.acceleration.size(); ++choice) {
     connect(menu_.acceleration[choice], &QAction::triggered, this,
             [this, choice] { ChooseAccelerationEntry(static_cast<int>(choice)); });
@@ -111,6 +116,18 @@ void MainForm::ShowLoader() {
   loader_->Open();
 }
 
+void MainForm::ShowSaver(const SaveTask& task) {
+  if (saver_ == nullptr) saver_ = new Saver(state_, services_, this);
+  state_.FieldTyping = false;
+  saver_->Open(task);
+}
+
+void MainForm::ShowSplitJoin() {
+  if (splitJoin_ == nullptr) splitJoin_ = new SplitJoinTool(state_, services_, *this);
+  state_.FieldTyping = false;
+  splitJoin_->Show();
+}
+
 // A command ends whatever was being typed: its result would otherwise stay unseen.
 void MainForm::Operate(const std::function<void()>& operation) {
   state_.FieldTyping = false;
@@ -127,15 +144,16 @@ void MainForm::ChooseAccelerationEntry(int choice) {
 void MainForm::EnableCommands() {
   const bool fileIsOpen = !state_.OpenFile.empty();
   for (QAction* const entry : menu_.needFile) entry->setEnabled(fileIsOpen);
-  for (QPushButton* const button : {controls_.buffer->cop, controls_.buffer->Cut, controls_.buffer->Paste,
-                                    controls_.chunk->Gstart, controls_.chunk->Gend}) {
+  for (QPushButton* const button :
+       {controls_.buffer->cop, controls_.buffer->Cut, controls_.buffer->Paste, controls_.chunk->Gstart,
+        controls_.chunk->Gend, controls_.search->Find, controls_.edit->edit}) {
     button->setEnabled(fileIsOpen);
   }
 }
 
 // A long operation runs, or the page is being edited.
 bool MainForm::Busy() const {
-  return progress_.Visible() || controls_.page->isEnabled();
+  return progress_.Visible() || controls_.edit->IsOn();
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {
@@ -182,7 +200,7 @@ void MainForm::MoveThumb() {
 // The title names the open file: whoever opened it, the commands follow here.
 void MainForm::ShowTitle(const std::string& title) {
   setWindowTitle(FromPath(title));
-  EnableCommands();
+  if (!controls_.edit->IsOn()) EnableCommands();
 }
 
 void MainForm::ShowRuler(bool hex) {

@@ -8,9 +8,9 @@
 #include "app/forms/main_layout.h"
 #include "app/forms/main_menu.h"
 #include "fileops/forms/progform.h"
+#include "fileops/save.h"
 #include "fileops/services.h"
 #include "interaction/forms/keyboard_filter.h"
-#include "interaction/forms/page_menu.h"
 #include "viewer/display.h"
 #include "viewer/forms/frame_pacer.h"
 #include "viewer/forms/message_notices.h"
@@ -19,6 +19,8 @@
 namespace bwp {
 
 class Loader;
+class Saver;
+class SplitJoinTool;
 
 /// The main form `f`: owns the view state, ties the panels to the engine and to each other, and is the
 /// display that a refresh shows its work on. What a panel does with its own controls it does itself.
@@ -45,9 +47,11 @@ class MainForm : public QMainWindow, private Display {
  private:
   void ConnectFileCommands();
   void ConnectChunkCommands();
-  void ConnectOptions();
+  void ConnectTools();
 
   void ShowLoader();
+  void ShowSaver(const SaveTask& task);
+  void ShowSplitJoin();
   void OpenDropped(const std::string& path);
   void Operate(const std::function<void()>& operation);
   bool Busy() const;
@@ -75,9 +79,10 @@ class MainForm : public QMainWindow, private Display {
   MainMenu menu_;
   MainLayout controls_;
   KeyboardFilter keyboard_;
-  PageMenu pageMenu_;
   AccelChecks accelerationShown_{};
   Loader* loader_ = nullptr;
+  Saver* saver_ = nullptr;
+  SplitJoinTool* splitJoin_ = nullptr;
 };
 
 }  // namespace bwp

@@ -1,13 +1,16 @@
 #include "app/forms/main_layout.h"
 
 #include <QGridLayout>
-#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "fileops/forms/buffer_buttons.h"
 #include "interaction/forms/chunk_panel.h"
+#include "interaction/forms/edit_controller.h"
+#include "interaction/forms/page_menu.h"
 #include "interaction/forms/scroll_bar_widget.h"
+#include "interaction/forms/search_panel.h"
 #include "viewer/forms/page_table.h"
 #include "viewer/forms/position_panel.h"
 #include "viewer/forms/ruler.h"
@@ -15,39 +18,55 @@
 namespace bwp {
 namespace {
 
-QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tip) {
-  auto* const button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setAccessibleName(tip);
+QPushButton* MakeOpenButton() {
+  auto* const button = new QPushButton(QStringLiteral("Open"));
+  button->setObjectName(QStringLiteral("opn"));
+  button->setAccessibleName(QStringLiteral("Open a file"));
+  button->setToolTip(QStringLiteral("Open a file"));
   return button;
+}
+
+QVBoxLayout* ArrangePanels(const MainLayout& controls) {
+  controls.chunk->AddBelow(*controls.buffer);
+  auto* const first = new QHBoxLayout;
+  first->addWidget(controls.opn);
+  first->addStretch();
+  first->addWidget(controls.edit);
+
+  auto* const panels = new QVBoxLayout;
+  panels->addLayout(first);
+  panels->addWidget(controls.position);
+  panels->addWidget(controls.chunk);
+  panels->addWidget(controls.search);
+  panels->addStretch(1);
+  return panels;
 }
 
 }  // namespace
 
-MainLayout::MainLayout(QWidget& centre, ViewState& state, Display& display)
-    : ruler(new Ruler(&centre)),
-      page(new PageTable(state.tabe, &centre)),
-      scrollBar(new ScrollBarWidget(state, display, &centre)),
-      opn(MakeButton(QStringLiteral("opn"), QStringLiteral("Open"), QStringLiteral("Open a file"))),
-      position(new PositionPanel(state, display, &centre)),
-      chunk(new ChunkPanel(state, display, &centre)),
-      buffer(new BufferButtons(&centre)) {
-  chunk->AddBelow(*buffer);
-  auto* const panels = new QVBoxLayout;
-  panels->addWidget(opn, 0, Qt::AlignLeft);
-  panels->addWidget(position);
-  panels->addWidget(chunk);
-  panels->addStretch(1);
+MainLayout::MainLayout(QMainWindow& window, ViewState& state, Services& services) {
+  auto* const centre = new QWidget(&window);
+  window.setCentralWidget(centre);
+  opn = MakeOpenButton();
+  position = new PositionPanel(state, services.display, centre);
+  chunk = new ChunkPanel(state, services.display, centre);
+  buffer = new BufferButtons(centre);
+  search = new SearchPanel(state, services, centre);
+  ruler = new Ruler(centre);
+  page = new PageTable(state.tabe, centre);
+  scrollBar = new ScrollBarWidget(state, services.display, centre);
+  pageMenu = new PageMenu(state, services.display, *page, window);
+  edit = new EditController(state, services, *page, *pageMenu, window, centre);
 
-  auto* const grid = new QGridLayout(&centre);
+  auto* const grid = new QGridLayout(centre);
   grid->setHorizontalSpacing(0);
   grid->setVerticalSpacing(0);
   grid->addWidget(ruler, 0, 0);
   grid->addWidget(page, 1, 0);
   grid->addWidget(scrollBar, 1, 1);
-  grid->setColumnMinimumWidth(2, 12);
-  grid->addLayout(panels, 0, 3, 3, 1);
+  constexpr int kGap = 12;
+  grid->setColumnMinimumWidth(2, kGap);
+  grid->addLayout(ArrangePanels(*this), 0, 3, 3, 1);
   // The page has its size; what a larger window has to spare goes around it.
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(2, 1);

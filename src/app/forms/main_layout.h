@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 
-#include "viewer/display.h"
+#include "fileops/services.h"
 #include "viewer/view_state.h"
 
 class QPushButton;
@@ -11,24 +11,30 @@ namespace bwp {
 
 class BufferButtons;
 class ChunkPanel;
+class EditController;
+class PageMenu;
 class PageTable;
 class PositionPanel;
 class Ruler;
 class ScrollBarWidget;
+class SearchPanel;
 
 /// What the main form consists of and where it stands: the page with its ruler and its scroll bar at the
 /// left, the panels at the right in the order in which they are used.
 struct MainLayout {
-  MainLayout(QWidget& centre, ViewState& state, Display& display);
+  MainLayout(QMainWindow& window, ViewState& state, Services& services);
 
   Ruler* ruler;
   PageTable* page;
   ScrollBarWidget* scrollBar;
+  PageMenu* pageMenu;
 
   QPushButton* opn;
+  EditController* edit;
   PositionPanel* position;
   ChunkPanel* chunk;
   BufferButtons* buffer;
+  SearchPanel* search;
 };
 
 }  // namespace bwp
