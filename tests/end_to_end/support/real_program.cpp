@@ -76,9 +76,11 @@ Control RealProgram::FindNow(const std::string& name, const std::string& window)
 
 Control RealProgram::Find(const std::string& name, const std::string& window) const {
   Control control;
+  // A window that has just come up may still be on its way to where the window manager wants it.
   EXPECT_TRUE(Until([&] {
+    const Control before = control;
     control = FindNow(name, window);
-    return control.enabled;
+    return control.enabled && control.CentreX() == before.CentreX() && control.CentreY() == before.CentreY();
   })) << "no '"
       << name << "' in '" << window << "'";
   return control;
