@@ -1,17 +1,16 @@
-// From the start of the process to the first painted page, beside the smallest program of the same toolkit that
-// shows an empty main window: wall time and peak memory, as ratios of interleaved runs. The file shown is a
-// sparse one of the greatest length; without a display the offscreen platform is measured.
-
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
+// From the start of the process to the first painted page, beside the smallest program of the same toolkit
+// that shows an empty main window: wall time and peak memory, as ratios of interleaved runs. The file shown
+// is a sparse one of the greatest length; without a display the offscreen platform is measured.
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 #include <QApplication>
@@ -32,7 +31,8 @@ class EndAfterPaint : public QObject {
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() == QEvent::Paint) {
-      QMetaObject::invokeMethod(this, [] { std::_Exit(0); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          this, [] { std::_Exit(0); }, Qt::QueuedConnection);
     }
     return false;
   }

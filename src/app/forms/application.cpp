@@ -49,7 +49,7 @@ void Application::End(RunTimeError error) {
   QMessageBox box(QMessageBox::Critical, QStringLiteral("Bytewarp"), {}, QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   box.setText(FromPath(text));
-  report_ = &box;
+  report_ = &box;  // cppcheck-suppress danglingLifetime; the program ends before the box does
   box.exec();
   std::_Exit(kExitStatus);
 }
