@@ -40,6 +40,7 @@ QLineEdit* NumberField(QWidget* form, const char* name, const char* spoken, cons
 QPushButton* Button(QWidget* form, const char* name) {
   auto* const button = new QPushButton(QLatin1String(name), form);
   button->setObjectName(QLatin1String(name));
+  button->setAccessibleName(QLatin1String(name));
   // Enter belongs to the fields.
   button->setAutoDefault(false);
   return button;
