@@ -162,6 +162,8 @@ void SplitJoinWorker::ShowResult() {
   const bool tooLarge = ReadStream(job_.destination).Length() > kMaxFileLength;
   if (!tooLarge) OpenViewFile(state_, job_.destination);
   windows_.HideFjoin();
+  // A position that was being typed belonged to the file before; it must not keep this one off the page.
+  state_.FieldTyping = false;
   Refresh(state_, services_.display);
   if (tooLarge) {
     TellTooLarge(services_.notices);

@@ -388,6 +388,13 @@ TEST_F(SplitJoinWorker, JoinsPickedFilesInTheirOrder) {
   EXPECT_EQ(ReadFile(folder / "all"), "cab");
 }
 
+TEST_F(SplitJoinWorker, ShowsTheResultAlthoughAPositionWasBeingTyped) {
+  folder.Write("x.000", "new");
+  state.FieldTyping = true;
+  Join("\"x.000\"", "all");
+  EXPECT_THAT(transcript, Contains("window texts"));
+}
+
 TEST_F(SplitJoinWorker, JoinsOneFileTwiceWhenItIsPickedTwice) {
   folder.Write("a", "one");
   Join("\"a\" \"a\"", "all");

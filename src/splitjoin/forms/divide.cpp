@@ -98,21 +98,7 @@ void Divide::MakeControls() {
   sly_->setAccessibleName(QStringLiteral("Part size"));
   sly_->setToolTip(QStringLiteral("Drag to select part size, the graphic shows the division"));
   sly_->installEventFilter(this);
-  nChunk_ =
-      NumberField(this, "NChunk", "Number of parts", QStringLiteral("Select the desired number of parts"));
-  udCh_ = new UpDown(this);
-  udCh_->setObjectName(QStringLiteral("UDCh"));
-  udCh_->setAccessibleName(QStringLiteral("Number of parts, one more or less"));
-  udCh_->setToolTip(QStringLiteral("Click to select the number of parts"));
-  const QString sizeTip = QStringLiteral("Type in the single part Max size (%1)");
-  dChsize_ = NumberField(this, "DChsize", "Part size, decimal", sizeTip.arg(QStringLiteral("DEC")));
-  hcHsize_ = NumberField(this, "HCHsize", "Part size, hexadecimal", sizeTip.arg(QStringLiteral("HEX")));
-  const QString lastTip = QStringLiteral("Shows the size of the last part (%1)");
-  dlast_ = NumberField(this, "Dlast", "Size of the last part, decimal", lastTip.arg(QStringLiteral("DEC")));
-  hlast_ =
-      NumberField(this, "Hlast", "Size of the last part, hexadecimal", lastTip.arg(QStringLiteral("HEX")));
-  dlast_->setReadOnly(true);
-  hlast_->setReadOnly(true);
+  MakeNumberFields();
   preset_ = new QComboBox(this);
   preset_->setObjectName(QStringLiteral("Preset"));
   preset_->setAccessibleName(QStringLiteral("Preset part sizes"));
@@ -125,6 +111,24 @@ void Divide::MakeControls() {
   split_ = Button(this, "Split");
   join_ = Button(this, "Join");
   cancel_ = Button(this, "Cancel");
+}
+
+void Divide::MakeNumberFields() {
+  const QString sizeTip = QStringLiteral("Type in the single part Max size (%1)");
+  dChsize_ = NumberField(this, "DChsize", "Part size, decimal", sizeTip.arg(QStringLiteral("DEC")));
+  hcHsize_ = NumberField(this, "HCHsize", "Part size, hexadecimal", sizeTip.arg(QStringLiteral("HEX")));
+  nChunk_ =
+      NumberField(this, "NChunk", "Number of parts", QStringLiteral("Select the desired number of parts"));
+  udCh_ = new UpDown(this);
+  udCh_->setObjectName(QStringLiteral("UDCh"));
+  udCh_->setAccessibleName(QStringLiteral("Number of parts, one more or less"));
+  udCh_->setToolTip(QStringLiteral("Click to select the number of parts"));
+  const QString lastTip = QStringLiteral("Shows the size of the last part (%1)");
+  dlast_ = NumberField(this, "Dlast", "Size of the last part, decimal", lastTip.arg(QStringLiteral("DEC")));
+  hlast_ =
+      NumberField(this, "Hlast", "Size of the last part, hexadecimal", lastTip.arg(QStringLiteral("HEX")));
+  dlast_->setReadOnly(true);
+  hlast_->setReadOnly(true);
 }
 
 void Divide::LayOut() {

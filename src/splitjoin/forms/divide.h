@@ -35,6 +35,7 @@ class Divide : public QDialog {
 
  private:
   void MakeControls();
+  void MakeNumberFields();
   void LayOut();
   void ConnectControls();
   void ConnectSizeFields();

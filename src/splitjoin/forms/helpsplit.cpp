@@ -1,6 +1,7 @@
 #include "splitjoin/forms/helpsplit.h"
 
 #include <QFontDatabase>
+#include <QScreen>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
@@ -10,8 +11,9 @@
 namespace bwp {
 namespace {
 
+// The text's longest line and its height, with a little room.
 constexpr int kColumns = 56;
-constexpr int kRows = 26;
+constexpr int kRows = 35;
 
 }  // namespace
 
@@ -30,7 +32,8 @@ Helpsplit::Helpsplit(QWidget* parent) : QDialog(parent) {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(text);
   const QFontMetrics metrics(text->font());
-  resize(metrics.averageCharWidth() * kColumns, metrics.lineSpacing() * kRows);
+  const QSize whole(metrics.horizontalAdvance(u'0') * kColumns, metrics.lineSpacing() * kRows);
+  resize(whole.boundedTo(screen()->availableSize()));
 }
 
 void Helpsplit::ShowHelp() {

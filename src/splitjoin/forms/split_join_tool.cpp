@@ -1,5 +1,7 @@
 #include "splitjoin/forms/split_join_tool.h"
 
+#include <initializer_list>
+
 namespace bwp {
 namespace {
 
@@ -31,6 +33,12 @@ void SplitJoinTool::Show() {
     connect(divide_, &Divide::JoinClicked, this, [this] { AskForFiles(); });
   }
   divide_->Start();
+}
+
+void SplitJoinTool::SetEnabled(bool enabled) {
+  for (QWidget* const form : std::initializer_list<QWidget*>{divide_, fsel_, fjoin_, dialog_}) {
+    if (form != nullptr) form->setEnabled(enabled);
+  }
 }
 
 void SplitJoinTool::AskForParts() {

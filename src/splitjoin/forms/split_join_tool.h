@@ -29,9 +29,11 @@ class SplitJoinTool : public QObject, private SplitJoinWindows {
 
   /// Prepares for the open file and shows the form `Divide`.
   void Show();
+  /// Off: the tool's windows take no input, as while the page is edited.
+  void SetEnabled(bool enabled);
 
  Q_SIGNALS:
-  /// A job came to its end; after a join another file may be open.
+  /// A job, or the deletion before it, came to its end; after a join another file may be open.
   void JobDone();
 
  private:

@@ -242,6 +242,18 @@ TEST_F(SplitJoinTool, JoinsFilesWhoseNamesAreNoUtf8) {
   EXPECT_EQ(ReadFile(folder_ / "all"), "one");
 }
 
+TEST_F(SplitJoinTool, TakesNoInputWhileItIsOff) {
+  Press("Divide", "Split");
+  tool_.SetEnabled(false);
+  Press("Fsel", "ActionB");
+  Press("Divide", "Join");
+  EXPECT_EQ(Form("Dialog"), nullptr);
+  EXPECT_EQ(Form("Fjoin"), nullptr);
+  tool_.SetEnabled(true);
+  Press("Divide", "Join");
+  EXPECT_TRUE(Visible("Fjoin"));
+}
+
 TEST_F(SplitJoinTool, HelpsUnderTheTitleOfTheHelpButton) {
   Press("Divide", "Split");
   Press("Fsel", "HelpSJ");
