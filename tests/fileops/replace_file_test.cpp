@@ -79,6 +79,9 @@ void RequireAdministrator() {
 
 class Replace : public testing::TestWithParam<const char*> {};
 
+/// What only root can try; ./test runs these apart where it is not root.
+class ReplaceAsRoot : public Replace {};
+
 TEST_P(Replace, KeepsTheMode) {
   for (const mode_t mode : {0600U, 0755U, 0444U, 0640U}) {
     Place place(GetParam());
@@ -89,7 +92,7 @@ TEST_P(Replace, KeepsTheMode) {
   }
 }
 
-TEST_P(Replace, KeepsOwnerAndGroup) {
+TEST_P(ReplaceAsRoot, KeepsOwnerAndGroup) {
   RequireAdministrator();
   Place place(GetParam());
   ASSERT_EQ(chown(place.data.c_str(), 1234, 4321), 0);
@@ -127,7 +130,7 @@ TEST_P(Replace, KeepsAccessLists) {
   EXPECT_EQ(before.size(), sizeof list);
 }
 
-TEST_P(Replace, OfAnotherUsersFileDropsWhatWouldGiveAwayRights) {
+TEST_P(ReplaceAsRoot, OfAnotherUsersFileDropsWhatWouldGiveAwayRights) {
   RequireAdministrator();
   Place place(GetParam());
   for (const std::string& folder : {place.folder.Path(), place.temporary.Path()}) {
@@ -216,7 +219,7 @@ class Immutable {
   int descriptor_;
 };
 
-TEST_P(Replace, OfAnImmutableFileGoesOnUnderTheNewName) {
+TEST_P(ReplaceAsRoot, OfAnImmutableFileGoesOnUnderTheNewName) {
   RequireAdministrator();
   Place place(GetParam());
   const Immutable immutable(place.data);
@@ -225,7 +228,7 @@ TEST_P(Replace, OfAnImmutableFileGoesOnUnderTheNewName) {
   EXPECT_EQ(place.folder.Names(), (Names{"data", "data.new"}));
 }
 
-TEST_P(Replace, OfAnImmutableFileWhoseNewNameIsTakenIsError58) {
+TEST_P(ReplaceAsRoot, OfAnImmutableFileWhoseNewNameIsTakenIsError58) {
   RequireAdministrator();
   Place place(GetParam());
   place.folder.Write("data.new", "taken");
@@ -233,7 +236,7 @@ TEST_P(Replace, OfAnImmutableFileWhoseNewNameIsTakenIsError58) {
   ExpectTaken(place, place.data);
 }
 
-TEST_P(Replace, ByAnInsertSpellsTheRecoveryInItsOwnWay) {
+TEST_P(ReplaceAsRoot, ByAnInsertSpellsTheRecoveryInItsOwnWay) {
   RequireAdministrator();
   Place place(GetParam());
   const Immutable immutable(place.data);
@@ -250,7 +253,7 @@ TEST_P(Replace, ByAnInsertSpellsTheRecoveryInItsOwnWay) {
   EXPECT_EQ(ReadFile(place.data), kBytes);
 }
 
-TEST_P(Replace, InAStickyFolderOfSomebodyElseGoesOnUnderTheNewName) {
+TEST_P(ReplaceAsRoot, InAStickyFolderOfSomebodyElseGoesOnUnderTheNewName) {
   RequireAdministrator();
   Place place(GetParam());
   ASSERT_EQ(chmod(place.folder.Path().c_str(), 01777), 0);
@@ -264,7 +267,7 @@ TEST_P(Replace, InAStickyFolderOfSomebodyElseGoesOnUnderTheNewName) {
   });
 }
 
-TEST_P(Replace, InAFolderThatTakesNoNewNamesIsError70) {
+TEST_P(ReplaceAsRoot, InAFolderThatTakesNoNewNamesIsError70) {
   RequireAdministrator();
   Place place(GetParam());
   ASSERT_EQ(chmod(place.folder.Path().c_str(), 0555), 0);
@@ -324,6 +327,8 @@ TEST_P(Replace, ThroughALinkOnAnotherDiskRecoversBesideTheLink) {
 
 INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, Replace, testing::Values("/var/tmp"));
 INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, Replace, testing::Values("/dev/shm"));
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, ReplaceAsRoot, testing::Values("/var/tmp"));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, ReplaceAsRoot, testing::Values("/dev/shm"));
 
 TEST(ReplaceAcrossMounts, OfOneFileSystemStagesBesideTheFile) {
   Place place;
