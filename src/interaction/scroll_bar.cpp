@@ -91,6 +91,12 @@ void ScrollBar::DragThumb(bool buttonDown, double y) {
   display_.ShowWindowTexts(WindowTextsOf(state_));
 }
 
+void ScrollBar::TurnWheel(int lines) {
+  if (held_ != Held::kNothing || state_.AutoScroll || state_.ScrollStep != 0) return;
+  state_.FieldTyping = false;
+  TakeOneStep(lines * kBytesPerRow);
+}
+
 void ScrollBar::HoldElapsed() {
   // The wait is over before the scrolling begins: a button pressed anew while it ends has a wait of its own.
   timer_.Disable();

@@ -40,6 +40,10 @@ class ScrollBar {
   /// first move: that one runs the refresh in which the others are handled.
   void DragThumb(bool buttonDown, double y);
 
+  /// The mouse wheel was turned: goes down by so many lines, or up where the number is negative. Does nothing
+  /// while something is held.
+  void TurnWheel(int lines);
+
   /// The button or key was held for half a second: scrolls until it is let go.
   void HoldElapsed();
 

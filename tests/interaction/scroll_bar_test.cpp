@@ -332,6 +332,18 @@ TEST(ScrollBarWait, AButtonPressedWhileTheScrollingEndsHasAWaitOfItsOwn) {
   EXPECT_TRUE(b.timer.enabled);
 }
 
+TEST(ScrollBarWheel, MovesByLinesWithinTheFileUnlessSomethingIsHeld) {
+  Bar b(5000);
+  b.bar.TurnWheel(3);
+  EXPECT_EQ(b.state.SWPrev, 48);
+  b.bar.TurnWheel(-5);
+  EXPECT_EQ(b.state.SWPrev, 0);
+  b.bar.PressLine(Line::kDown);
+  b.bar.TurnWheel(3);
+  EXPECT_EQ(b.state.SWStart, 0);
+  EXPECT_TRUE(b.timer.enabled);
+}
+
 TEST(Acceleration, EachEntrySetsItsModeAndChecksItselfAlone) {
   for (int chosen = 1; chosen < 5; ++chosen) {
     ViewState state;

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QTextEdit>
+#include <QWheelEvent>
 
 namespace bwp {
 namespace {
@@ -57,6 +58,10 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event) {
     LetGoOfKey();
     scrollBar_.LetGo();
     return false;
+  }
+  if (watched == &window_ && type == QEvent::Wheel) {
+    scrollBar_.TurnWheel(static_cast<const QWheelEvent&>(*event).angleDelta().y());
+    return true;
   }
   if (type != QEvent::KeyPress && type != QEvent::KeyRelease) return false;
   if (event == delivering_ || !watched->isWidgetType()) return false;

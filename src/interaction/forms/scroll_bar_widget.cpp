@@ -12,6 +12,8 @@ namespace bwp {
 namespace {
 
 constexpr int kBarWidth = 18;
+// A notch of a wheel is 120 eighths of a degree, and three lines here as in most programs.
+constexpr int kEighthsPerLine = 40;
 
 void Name(QWidget& widget, const QString& name, const QString& spoken, const QString& toolTip) {
   widget.setObjectName(name);
@@ -57,6 +59,15 @@ ScrollBarWidget::ScrollBarWidget(ViewState& state, Display& display, QWidget* pa
 
 void ScrollBarWidget::ShowThumb() {
   VSB_->setGeometry(0, ToPixels(state_.thumb.top), VSBack_->width(), ToPixels(state_.thumb.height));
+}
+
+void ScrollBarWidget::TurnWheel(int eighths) {
+  // In edit mode the page stands still.
+  if (!VSBack_->isEnabled()) return;
+  wheel_ += eighths;
+  const int lines = wheel_ / kEighthsPerLine;
+  wheel_ %= kEighthsPerLine;
+  if (lines != 0) bar_.TurnWheel(-lines);
 }
 
 bool ScrollBarWidget::eventFilter(QObject* watched, QEvent* event) {

@@ -19,6 +19,9 @@ class ScrollBarWidget : public QWidget {
   /// `TimVSCR`, which the keys that scroll share.
   HoldTimer& Timer() { return timer_; }
 
+  /// The wheel was turned over the window, by so many eighths of a degree away from the person.
+  void TurnWheel(int eighths);
+
   /// The window lost the focus.
   void LetGo() { bar_.LetGo(); }
 
@@ -33,6 +36,7 @@ class ScrollBarWidget : public QWidget {
   ScrollBar bar_;
   QWidget* VSBack_;
   QWidget* VSB_;
+  int wheel_ = 0;  // what was turned and is no whole line yet
 };
 
 }  // namespace bwp

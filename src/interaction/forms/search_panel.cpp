@@ -57,6 +57,11 @@ SearchPanel::SearchPanel(ViewState& state, Services& services, QWidget* parent)
   LayOut();
 }
 
+// A field that loses the focus while the panel goes has nobody left to tell.
+SearchPanel::~SearchPanel() {
+  for (TermField* const field : {Atext_, Htext_, Dtext_}) field->onLeft = nullptr;
+}
+
 // The two fields whose mirrors show a character only with the key after it.
 void SearchPanel::ConnectHeld(TermField& field, Source source) {
   field.onCharacter = [this, source] {

@@ -19,6 +19,8 @@ class SearchPanel : public QGroupBox {
  public:
   SearchPanel(ViewState& state, Services& services, QWidget* parent = nullptr);
 
+  ~SearchPanel() override;
+
   /// What a click on `Find` does: the first hit, or the next one.
   void FindNext();
   /// Puts the cursor where the term is typed.

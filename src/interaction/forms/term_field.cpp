@@ -43,7 +43,7 @@ void TermField::keyPressEvent(QKeyEvent* event) {
 
 void TermField::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  onLeft();
+  if (onLeft) onLeft();
 }
 
 }  // namespace bwp

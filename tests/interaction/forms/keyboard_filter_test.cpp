@@ -233,6 +233,24 @@ TEST(KeyboardFilter, AKeyThatComesUpInAnotherWindowIsLetGo) {
   EXPECT_FALSE(k.state.AutoScroll);
 }
 
+TEST(KeyboardFilter, TheWheelScrollsThreeLinesANotch) {
+  Keys k(5000);
+  const auto turn = [&](int eighths) {
+    const QPointF place(5, 5);
+    QWheelEvent event(place, k.window.mapToGlobal(place), {}, QPoint(0, eighths), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&k.window, &event);
+  };
+  turn(-120);
+  EXPECT_EQ(k.state.SWPrev, 48);
+  turn(20);
+  turn(20);
+  EXPECT_EQ(k.state.SWPrev, 32);
+  k.Find<QWidget>("VSBack")->setEnabled(false);
+  turn(-120);
+  EXPECT_EQ(k.state.SWPrev, 32);
+}
+
 TEST(KeyboardFilter, AnotherWindowsKeysAreItsOwn) {
   Keys k(5000);
   QLineEdit other;
