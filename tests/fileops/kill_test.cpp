@@ -19,7 +19,6 @@ namespace {
 using bwp::CutChunk;
 using bwp::InsertBuffer;
 using bwp::test::PatternBytes;
-using bwp::test::TempFolder;
 using bwp::test::Workplace;
 
 constexpr int kKills = 60;
