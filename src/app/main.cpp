@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -33,6 +34,9 @@ bool Answered(const std::vector<std::string>& arguments) {
 int main(int argc, char** argv) {
   const std::vector<std::string> asked(argv + 1, argv + argc);
   if (Answered(asked)) return 0;
+
+  // A file that grows past the system's limit is a full disk to us, not the end of the process.
+  std::signal(SIGXFSZ, SIG_IGN);
 
   // The toolkit takes its own options out of the arguments; what is left names the file.
   bwp::Application application(argc, argv);
