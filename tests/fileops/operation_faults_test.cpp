@@ -226,14 +226,14 @@ class EveryFault : public testing::TestWithParam<Operation> {
 TEST_P(EveryFault, OnOneFileSystemLosesNothing) {
   const int calls = FailOneCallAfterTheOther("/dev/shm");
   if (Rewrites()) {
-    EXPECT_GE(calls, 15);
+    EXPECT_GE(calls, 12);
   }
 }
 
 TEST_P(EveryFault, AcrossTwoFileSystemsLosesNothing) {
   const int calls = FailOneCallAfterTheOther("/var/tmp");
   if (Rewrites()) {
-    EXPECT_GE(calls, 18);
+    EXPECT_GE(calls, 15);
   }
 }
 
