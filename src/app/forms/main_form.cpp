@@ -123,7 +123,11 @@ void MainForm::ShowSaver(const SaveTask& task) {
 }
 
 void MainForm::ShowSplitJoin() {
-  if (splitJoin_ == nullptr) splitJoin_ = new SplitJoinTool(state_, services_, *this);
+  if (splitJoin_ == nullptr) {
+    splitJoin_ = new SplitJoinTool(state_, services_, *this);
+    // A join would put another file under the bytes that are being edited.
+    splitJoin_->mayRun = [this] { return !Busy(); };
+  }
   state_.FieldTyping = false;
   splitJoin_->Show();
 }

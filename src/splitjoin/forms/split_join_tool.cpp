@@ -1,7 +1,5 @@
 #include "splitjoin/forms/split_join_tool.h"
 
-#include <initializer_list>
-
 namespace bwp {
 namespace {
 
@@ -35,12 +33,6 @@ void SplitJoinTool::Show() {
   divide_->Start();
 }
 
-void SplitJoinTool::SetEnabled(bool enabled) {
-  for (QWidget* const form : std::initializer_list<QWidget*>{divide_, fsel_, fjoin_, dialog_}) {
-    if (form != nullptr) form->setEnabled(enabled);
-  }
-}
-
 void SplitJoinTool::AskForParts() {
   if (fsel_ == nullptr) {
     fsel_ = new Fsel(state_, services_.notices, job_, &owner_);
@@ -71,7 +63,7 @@ void SplitJoinTool::ShowHelp() {
 }
 
 void SplitJoinTool::Tick() {
-  if (job_.confirmed) {
+  if (job_.confirmed && (!mayRun || mayRun())) {
     worker_.Tick();
     Q_EMIT JobDone();
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <functional>
 
 #include <QObject>
 #include <QTimer>
@@ -29,8 +29,9 @@ class SplitJoinTool : public QObject, private SplitJoinWindows {
 
   /// Prepares for the open file and shows the form `Divide`.
   void Show();
-  /// Off: the tool's windows take no input, as while the page is edited.
-  void SetEnabled(bool enabled);
+
+  /// Asked before each job: false lets a confirmed job wait, as while the page is edited. Empty means always.
+  std::function<bool()> mayRun;
 
  Q_SIGNALS:
   /// A job, or the deletion before it, came to its end; after a join another file may be open.

@@ -242,16 +242,19 @@ TEST_F(SplitJoinTool, JoinsFilesWhoseNamesAreNoUtf8) {
   EXPECT_EQ(ReadFile(folder_ / "all"), "one");
 }
 
-TEST_F(SplitJoinTool, TakesNoInputWhileItIsOff) {
+TEST_F(SplitJoinTool, LetsAConfirmedJobWaitUntilItMayRun) {
+  bool editing = true;
+  tool_.mayRun = [&editing] { return !editing; };
+  SetPartSize("500");
   Press("Divide", "Split");
-  tool_.SetEnabled(false);
+  Type("Fsel", "Ftext", "part");
   Press("Fsel", "ActionB");
-  Press("Divide", "Join");
-  EXPECT_EQ(Form("Dialog"), nullptr);
-  EXPECT_EQ(Form("Fjoin"), nullptr);
-  tool_.SetEnabled(true);
-  Press("Divide", "Join");
-  EXPECT_TRUE(Visible("Fjoin"));
+  Press("Dialog", "OKButton");
+  QTest::qWait(60);
+  EXPECT_TRUE(folder_.Names().empty());
+  editing = false;
+  Wait([this] { return Told("Split successfully completed"); });
+  EXPECT_THAT(folder_.Names(), ElementsAre("part.000", "part.001"));
 }
 
 TEST_F(SplitJoinTool, HelpsUnderTheTitleOfTheHelpButton) {
