@@ -63,10 +63,7 @@ void SplitJoinTool::ShowHelp() {
 }
 
 void SplitJoinTool::Tick() {
-  if (job_.confirmed && (!mayRun || mayRun())) {
-    worker_.Tick();
-    Q_EMIT JobDone();
-  }
+  if (!mayRun || mayRun()) worker_.Tick();
   // A tick inside a job's events may have stopped the timer that the job's second half needs.
   if (job_.confirmed || dialog_->isVisible()) {
     timer_.start();

@@ -20,8 +20,6 @@ namespace bwp {
 /// The split and join tool: its plan, its job, the worker on its timer and its windows, each of which is made
 /// when it is first needed. The main form makes the tool on first use and keeps it.
 class SplitJoinTool : public QObject, private SplitJoinWindows {
-  Q_OBJECT
-
  public:
   /// The windows belong to the owner; state and services outlive the tool.
   SplitJoinTool(ViewState& state, const Services& services, QWidget& owner);
@@ -32,10 +30,6 @@ class SplitJoinTool : public QObject, private SplitJoinWindows {
 
   /// Asked before each job: false lets a confirmed job wait, as while the page is edited. Empty means always.
   std::function<bool()> mayRun;
-
- Q_SIGNALS:
-  /// A job, or the deletion before it, came to its end; after a join another file may be open.
-  void JobDone();
 
  private:
   void AskForParts();

@@ -30,7 +30,6 @@ class SplitJoinTool : public testing::Test {
   SplitJoinTool() {
     state_.LastFolder = folder_.Path();
     bwp::OpenViewFile(state_, sourceFolder_.Write("source", PatternBytes(1000)));
-    QObject::connect(&tool_, &bwp::SplitJoinTool::JobDone, [this] { ++jobs_; });
     tool_.Show();
   }
 
@@ -71,7 +70,6 @@ class SplitJoinTool : public testing::Test {
   bwp::test::RecordedNotices notices_{seen_};
   const bwp::Disk disk_;
   bwp::ViewState state_;
-  int jobs_ = 0;
   QWidget owner_;
   bwp::SplitJoinTool tool_{state_, {display_, progress_, notices_, disk_}, owner_};
 };
@@ -112,7 +110,6 @@ TEST_F(SplitJoinTool, SplitsTheOpenFileAfterAnOk) {
   EXPECT_THAT(folder_.Names(), ElementsAre("part.000", "part.001", "part.002", "part.003"));
   EXPECT_FALSE(Visible("Fsel"));
   EXPECT_TRUE(Visible("Divide"));
-  EXPECT_EQ(jobs_, 1);
 }
 
 TEST_F(SplitJoinTool, DoesNothingAfterACancel) {
@@ -123,7 +120,7 @@ TEST_F(SplitJoinTool, DoesNothingAfterACancel) {
   QTest::qWait(60);
   EXPECT_TRUE(folder_.Names().empty());
   EXPECT_TRUE(Visible("Fsel"));
-  EXPECT_EQ(jobs_, 0);
+  EXPECT_TRUE(seen_.empty());
 }
 
 TEST_F(SplitJoinTool, DeletesTheOldPartsAndSplitsAfterOneOk) {
