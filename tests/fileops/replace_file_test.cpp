@@ -72,15 +72,17 @@ std::string AttributeOf(const std::string& path, const char* name) {
   return size < 0 ? "none" : std::string(value.data(), static_cast<std::size_t>(size));
 }
 
-void RequireAdministrator() {
-  ASSERT_EQ(geteuid(), 0U) << "only the administrator can make what this test needs: a file of another user, "
-                              "or one that cannot be changed";
-}
-
 class Replace : public testing::TestWithParam<const char*> {};
 
 /// What only root can try; ./test runs these apart where it is not root.
-class ReplaceAsRoot : public Replace {};
+class ReplaceAsRoot : public Replace {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(geteuid(), 0U)
+        << "only root can make what this test needs: a file of another user, or one that "
+           "cannot be changed";
+  }
+};
 
 TEST_P(Replace, KeepsTheMode) {
   for (const mode_t mode : {0600U, 0755U, 0444U, 0640U}) {
@@ -93,7 +95,6 @@ TEST_P(Replace, KeepsTheMode) {
 }
 
 TEST_P(ReplaceAsRoot, KeepsOwnerAndGroup) {
-  RequireAdministrator();
   Place place(GetParam());
   ASSERT_EQ(chown(place.data.c_str(), 1234, 4321), 0);
   ASSERT_EQ(chmod(place.data.c_str(), 06755), 0);
@@ -131,7 +132,6 @@ TEST_P(Replace, KeepsAccessLists) {
 }
 
 TEST_P(ReplaceAsRoot, OfAnotherUsersFileDropsWhatWouldGiveAwayRights) {
-  RequireAdministrator();
   Place place(GetParam());
   for (const std::string& folder : {place.folder.Path(), place.temporary.Path()}) {
     ASSERT_EQ(chown(folder.c_str(), bwp::test::kNobody, bwp::test::kNobody), 0);
@@ -220,7 +220,6 @@ class Immutable {
 };
 
 TEST_P(ReplaceAsRoot, OfAnImmutableFileGoesOnUnderTheNewName) {
-  RequireAdministrator();
   Place place(GetParam());
   const Immutable immutable(place.data);
   place.Cut();
@@ -229,7 +228,6 @@ TEST_P(ReplaceAsRoot, OfAnImmutableFileGoesOnUnderTheNewName) {
 }
 
 TEST_P(ReplaceAsRoot, OfAnImmutableFileWhoseNewNameIsTakenIsError58) {
-  RequireAdministrator();
   Place place(GetParam());
   place.folder.Write("data.new", "taken");
   const Immutable immutable(place.data);
@@ -237,7 +235,6 @@ TEST_P(ReplaceAsRoot, OfAnImmutableFileWhoseNewNameIsTakenIsError58) {
 }
 
 TEST_P(ReplaceAsRoot, ByAnInsertSpellsTheRecoveryInItsOwnWay) {
-  RequireAdministrator();
   Place place(GetParam());
   const Immutable immutable(place.data);
   place.state.BufferData = "xyz";
@@ -254,7 +251,6 @@ TEST_P(ReplaceAsRoot, ByAnInsertSpellsTheRecoveryInItsOwnWay) {
 }
 
 TEST_P(ReplaceAsRoot, InAStickyFolderOfSomebodyElseGoesOnUnderTheNewName) {
-  RequireAdministrator();
   Place place(GetParam());
   ASSERT_EQ(chmod(place.folder.Path().c_str(), 01777), 0);
   ASSERT_EQ(chown(place.data.c_str(), 1234, 1234), 0);
@@ -268,7 +264,6 @@ TEST_P(ReplaceAsRoot, InAStickyFolderOfSomebodyElseGoesOnUnderTheNewName) {
 }
 
 TEST_P(ReplaceAsRoot, InAFolderThatTakesNoNewNamesIsError70) {
-  RequireAdministrator();
   Place place(GetParam());
   ASSERT_EQ(chmod(place.folder.Path().c_str(), 0555), 0);
   ASSERT_EQ(chown(place.temporary.Path().c_str(), bwp::test::kNobody, bwp::test::kNobody), 0);
