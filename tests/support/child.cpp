@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "viewer/run_time_error.h"
+
 namespace bwp::test {
 namespace {
 
@@ -47,8 +49,13 @@ pid_t StartChild(const std::function<void()>& work) {
   if (child != 0) return child;
   try {
     work();
+  } catch (const RunTimeError& error) {
+    ADD_FAILURE() << error.Report();
   } catch (const std::exception& error) {
     ADD_FAILURE() << error.what();
+  } catch (...) {
+    // Whatever it is, the child must not go on with the tests that are the parent's to run.
+    ADD_FAILURE() << "an unknown exception";
   }
   _exit(testing::Test::HasFailure() ? 1 : 0);
 }
