@@ -8,11 +8,13 @@
 #include <QEvent>
 #include <QMessageBox>
 
+#include "app/forms/lean_style.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  setStyle(new LeanStyle);
   setApplicationName(QStringLiteral("Bytewarp"));
   setDesktopFileName(QStringLiteral("bytewarp"));
 }

@@ -8,8 +8,7 @@ namespace bwp {
 PageTable::PageTable(const PageGrid& grid, QWidget* parent) : QTableView(parent), grid_(grid), model_(grid) {
   setObjectName(QStringLiteral("tabe"));
   setAccessibleName(QStringLiteral("Bytes of the Show Window"));
-  setModel(&model_);
-  LayOutLikePage(*this, painter_.Geometry(), kRows);
+  LayOutLikePage(*this, model_, painter_.Geometry(), kRows);
   setSelectionMode(SingleSelection);
   setEnabled(false);
 }
@@ -56,7 +55,13 @@ void PageTable::PaintCurrentCell(QPainter& painter) {
   painter.drawRect(cell.adjusted(-1, -1, 0, 0));
 }
 
-void LayOutLikePage(QTableView& view, const CellGeometry& geometry, int rows) {
+void LayOutLikePage(QTableView& view, QAbstractItemModel& model, const CellGeometry& geometry, int rows) {
+  QHeaderView& across = *view.horizontalHeader();
+  QHeaderView& down = *view.verticalHeader();
+  // Hidden before there is a model: a header that is shown looks up the bold font to measure its sections.
+  across.hide();
+  down.hide();
+  view.setModel(&model);
   view.setLayoutDirection(Qt::LeftToRight);
   view.setFont(CellFont());
   view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -67,10 +72,7 @@ void LayOutLikePage(QTableView& view, const CellGeometry& geometry, int rows) {
   view.setAttribute(Qt::WA_OpaquePaintEvent);
   view.viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 
-  QHeaderView& across = *view.horizontalHeader();
-  QHeaderView& down = *view.verticalHeader();
   for (QHeaderView* header : {&across, &down}) {
-    header->hide();
     header->setMinimumSectionSize(1);
     header->setSectionResizeMode(QHeaderView::Fixed);
   }

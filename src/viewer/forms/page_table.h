@@ -45,8 +45,8 @@ class PageTable : public QTableView {
   PageModel model_;
 };
 
-/// Gives a view the columns of the page and rows of its height, no headers and no scroll bars, and makes it
-/// just large enough for that many rows.
-void LayOutLikePage(QTableView& view, const CellGeometry& geometry, int rows);
+/// Gives a view its model and the columns of the page and rows of its height, no headers and no scroll bars,
+/// and makes it just large enough for that many rows.
+void LayOutLikePage(QTableView& view, QAbstractItemModel& model, const CellGeometry& geometry, int rows);
 
 }  // namespace bwp

@@ -34,8 +34,7 @@ void RulerModel::SetHex(bool hex) {
 Ruler::Ruler(QWidget* parent) : QTableView(parent) {
   setObjectName(QStringLiteral("Ruler"));
   setAccessibleName(QStringLiteral("Column ruler"));
-  setModel(&model_);
-  LayOutLikePage(*this, painter_.Geometry(), 1);
+  LayOutLikePage(*this, model_, painter_.Geometry(), 1);
   setSelectionMode(NoSelection);
   setFocusPolicy(Qt::NoFocus);
 }

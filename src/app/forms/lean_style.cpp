@@ -1,0 +1,27 @@
+#include "app/forms/lean_style.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace bwp {
+
+QIcon LeanStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
+  if (which == SP_ToolBarHorizontalExtensionButton) return {};
+  return QProxyStyle::standardIcon(which, option, widget);
+}
+
+void LeanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+  if (element != PE_FrameGroupBox || baseStyle()->name() != QStringLiteral("fusion")) {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    return;
+  }
+  painter->save();
+  painter->setPen(option->palette.color(QPalette::Mid));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  painter->restore();
+}
+
+}  // namespace bwp
