@@ -14,6 +14,7 @@
 namespace bwp {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  WaitUntilRead();
   setStyle(new LeanStyle);
   setApplicationName(QStringLiteral("Bytewarp"));
   setDesktopFileName(QStringLiteral("bytewarp"));

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 
+#include "app/forms/early_fonts.h"
 #include "viewer/run_time_error.h"
 
 namespace bwp {
@@ -12,7 +13,7 @@ namespace bwp {
 /// The application object: the one place where a RunTimeError is caught. It reports the error and ends the
 /// program there and then, however deep in nested event processing it was thrown, so that no further line of
 /// the interrupted operation runs.
-class Application : public QApplication {
+class Application : private EarlyFonts, public QApplication {
  public:
   Application(int& argc, char** argv);
 

@@ -29,8 +29,9 @@ CellGeometry::CellGeometry(const GlyphCache& glyphs) {
 }
 
 QFont CellFont() {
-  return FixedFontFitting(kOffsetCharacters,
-                          ToPixels(kOffsetWidth) - CellGeometry::kPadding - CellGeometry::kLine);
+  static const QFont font = FixedFontFitting(
+      kOffsetCharacters, ToPixels(kOffsetWidth) - CellGeometry::kPadding - CellGeometry::kLine);
+  return font;
 }
 
 }  // namespace bwp

@@ -32,6 +32,8 @@ QFont FixedFontFitting(int characters, int pixels) {
   constexpr double kSmallest = 5;
   constexpr double kStep = 0.5;
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  // One byte is one glyph of this font: no other font is asked, and nothing is to be shaped.
+  font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::NoFontMerging | QFont::PreferNoShaping));
   double size = font.pointSizeF();
   while (size > kSmallest && QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) * characters > pixels) {
     size -= kStep;

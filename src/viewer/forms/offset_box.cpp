@@ -42,8 +42,13 @@ void OffsetBox::ShowText(const std::string& text) {
   const QString shown = FromCodePage(text);
   if (shown == shown_ && !document()->isModified()) return;
   shown_ = shown;
-  setPlainText(shown);
+  // One edit, so that the text is laid out once.
+  QTextCursor all(document());
+  all.beginEditBlock();
+  all.select(QTextCursor::Document);
+  all.insertText(shown, {});
   ApplyEmphasis(*this, OffsetEmphasis(static_cast<int>(shown.size())));
+  all.endEditBlock();
   document()->setModified(false);
 }
 
