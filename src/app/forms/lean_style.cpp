@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOption>
+#include <QWidget>
 
 namespace bwp {
 
@@ -17,10 +18,13 @@ void LeanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     return;
   }
+  // The heading stands above the frame.
+  constexpr int kGap = 3;
+  const int heading = widget != nullptr ? widget->fontMetrics().height() + kGap : 0;
   painter->save();
   painter->setPen(option->palette.color(QPalette::Mid));
   painter->setBrush(Qt::NoBrush);
-  painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  painter->drawRect(option->rect.adjusted(0, heading, -1, -1));
   painter->restore();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/offset_box.h"
 
 namespace bwp {
@@ -24,6 +25,7 @@ TermField::TermField(const QString& name, const QString& toolTip, QWidget* paren
   setObjectName(name);
   setAccessibleName(toolTip);
   setToolTip(toolTip);
+  setFont(CellFont());
   setMaxLength(kLongestText);
   connect(this, &QLineEdit::textEdited, this, [this] { onEdited(inCharacter_); });
 }
