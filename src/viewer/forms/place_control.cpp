@@ -16,9 +16,11 @@ Anchor AnchorOf(const ControlAnchor& anchor) {
   return {};
 }
 
+// Until the window manager has framed the form, the frame's size means nothing; it is never smaller than what
+// it frames.
 FormSize SizeOf(const QWidget& form) {
-  return {ToUnits(form.width()), ToUnits(form.height()), ToUnits(form.frameGeometry().width()),
-          ToUnits(form.frameGeometry().height())};
+  const QSize outer = form.frameGeometry().size().expandedTo(form.size());
+  return {ToUnits(form.width()), ToUnits(form.height()), ToUnits(outer.width()), ToUnits(outer.height())};
 }
 
 }  // namespace
