@@ -1,6 +1,8 @@
 #include "end_to_end/support/desktop.h"
 
+#include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,6 +17,13 @@ std::string ReadLine(int descriptor) {
   return line;
 }
 
+std::unique_ptr<TempFolder> FolderWithoutDigits() {
+  for (;;) {
+    auto folder = std::make_unique<TempFolder>();
+    if (folder->Path().find_first_of("0123456789") == std::string::npos) return folder;
+  }
+}
+
 std::string MakeFolder(const TempFolder& parent, const std::string& name) {
   std::string path = parent / name;
   if (mkdir(path.c_str(), 0700) != 0) throw std::runtime_error("cannot make " + path);
@@ -23,7 +32,7 @@ std::string MakeFolder(const TempFolder& parent, const std::string& name) {
 
 }  // namespace
 
-Desktop::Desktop() {
+Desktop::Desktop() : files_(FolderWithoutDigits()) {
   AdoptStrayProcesses();
   environment_ = {{"HOME", MakeFolder(own_, "home")},
                   {"XDG_RUNTIME_DIR", MakeFolder(own_, "run")},
@@ -35,8 +44,9 @@ Desktop::Desktop() {
                   {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1"},
                   {"WAYLAND_DISPLAY", ""},
                   {"XAUTHORITY", ""}};
+  SetTheme();
   std::string number;
-  server_ = StartServer({"Xvfb", "-nolisten", "tcp", "-screen", "0", "1600x1200x24", "-displayfd"}, number);
+  server_ = StartServer({"Xvfb", "-nolisten", "tcp", "-screen", "0", "2600x1800x24", "-displayfd"}, number);
   environment_["DISPLAY"] = ":" + number;
   std::string address;
   bus_ = StartServer({"dbus-daemon", "--session", "--nofork", "--print-address"}, address);
@@ -55,6 +65,22 @@ Desktop::~Desktop() {
   bus_.reset();
   server_.reset();
   EndStrayProcesses();
+}
+
+// BYTEWARP_THEME=dark gives the programs the colours of a dark desktop, the way desktops do.
+void Desktop::SetTheme() {
+  const char* const theme = std::getenv("BYTEWARP_THEME");
+  if (theme == nullptr || std::string(theme) != "dark") return;
+  environment_["XDG_CURRENT_DESKTOP"] = "KDE";
+  environment_["KDE_SESSION_VERSION"] = "5";
+  std::ofstream(environment_["XDG_CONFIG_HOME"] + "/kdeglobals")
+      << "[Colors:Window]\nBackgroundNormal=42,46,50\nForegroundNormal=252,252,252\n"
+         "[Colors:View]\nBackgroundNormal=27,30,32\nBackgroundAlternate=35,38,41\nForegroundNormal=252,252,"
+         "252\n"
+         "ForegroundInactive=161,169,177\n"
+         "[Colors:Button]\nBackgroundNormal=49,54,59\nForegroundNormal=252,252,252\n"
+         "[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=252,252,252\n"
+         "[Colors:Tooltip]\nBackgroundNormal=49,54,59\nForegroundNormal=252,252,252\n";
 }
 
 // Starts a server that is told, as its last argument, the descriptor to write its address to when it is
@@ -121,6 +147,10 @@ std::string Desktop::Do(std::vector<std::string> arguments) const {
 
 void Desktop::TakePicture(const std::string& path) const {
   OutputOf({"import", "-window", "root", path}, environment_);
+}
+
+void Desktop::TakePictureOf(const std::string& window, const std::string& path) const {
+  OutputOf({"import", "-frame", "-window", window, "-strip", path}, environment_);
 }
 
 }  // namespace bwp::test

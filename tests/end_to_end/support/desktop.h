@@ -20,8 +20,9 @@ class Desktop {
 
   /// What a program needs in its environment to appear here.
   const Process::Environment& Environment() const { return environment_; }
-  /// Where the test's files may lie; empty at first.
-  const TempFolder& Files() const { return files_; }
+  /// Where the test's files may lie; empty at first. There is no digit in its path, which would be taken for
+  /// the number of a part.
+  const TempFolder& Files() const { return *files_; }
   /// The session bus.
   const std::string& BusAddress() const { return environment_.at("DBUS_SESSION_BUS_ADDRESS"); }
 
@@ -38,15 +39,17 @@ class Desktop {
 
   /// Runs xdotool and gives what it printed.
   std::string Do(std::vector<std::string> arguments) const;
-  /// Leaves a picture of the screen.
+  /// Leaves a picture of the screen, or of one window with its frame.
   void TakePicture(const std::string& path) const;
+  void TakePictureOf(const std::string& window, const std::string& path) const;
 
  private:
   std::unique_ptr<Process> StartServer(std::vector<std::string> command, std::string& answer) const;
+  void SetTheme();
   std::string Log(const std::string& name) const { return own_ / (name + ".log"); }
 
   TempFolder own_;
-  TempFolder files_;
+  std::unique_ptr<TempFolder> files_;
   Process::Environment environment_;
   std::unique_ptr<Process> server_;
   std::unique_ptr<Process> bus_;

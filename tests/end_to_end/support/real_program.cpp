@@ -1,6 +1,7 @@
 #include "end_to_end/support/real_program.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -29,6 +30,10 @@ void RealProgram::KeepTraces() const {
   std::filesystem::create_directories(BYTEWARP_TRACES);
   desktop_.TakePicture(base + ".png");
   std::ofstream(base + ".txt") << (controls_ ? controls_->Dump() : "") << "\nprinted:\n" << Output();
+}
+
+void RealProgram::RememberFolderOfFiles() const {
+  desktop_.Files().Write("Bytewarp.cfg", "#TRUE#,4,\"" + desktop_.Files().Path() + "\"\n");
 }
 
 void RealProgram::Start(const std::vector<std::string>& arguments) {
@@ -91,6 +96,21 @@ void RealProgram::ClickOn(const std::string& name, const std::string& window) co
   desktop_.Click(control.CentreX(), control.CentreY());
 }
 
+std::string RealProgram::StopAtWindow(const std::string& title) const {
+  std::string window;
+  EXPECT_TRUE(Until([&] {
+    window = desktop_.Do({"search", "--onlyvisible", "--name", "^" + title});
+    return !window.empty();
+  })) << "no window '"
+      << title << "'";
+  program_->Kill(SIGSTOP);
+  return window.substr(0, window.find('\n'));
+}
+
+void RealProgram::GoOn() const {
+  program_->Kill(SIGCONT);
+}
+
 void RealProgram::Choose(const std::string& menu, const std::string& entry) const {
   ClickOn(menu);
   Control found;
@@ -105,6 +125,8 @@ void RealProgram::Choose(const std::string& menu, const std::string& entry) cons
 void RealProgram::Fill(const std::string& field, const std::string& text, const std::string& key,
                        const std::string& window) const {
   ClickOn(field, window);
+  // Until the window manager has moved the focus, keys go elsewhere.
+  EXPECT_TRUE(Until([&] { return FindNow(field, window).focused; })) << "'" << field << "' gets no focus";
   desktop_.Key("ctrl+a");
   desktop_.Type(text);
   if (!key.empty()) desktop_.Key(key);
@@ -118,6 +140,15 @@ void RealProgram::ExpectText(const std::string& field, const std::string& text,
                              const std::string& window) const {
   EXPECT_TRUE(Until([&] { return TextOf(field, window) == text; }))
       << "'" << field << "' holds '" << TextOf(field, window) << "', wanted '" << text << "'";
+}
+
+void RealProgram::ExpectFocusOnMainWindow() const {
+  EXPECT_TRUE(Until([&] {
+    const std::vector<Control> windows = controls_->Windows();
+    return std::any_of(windows.begin(), windows.end(), [](const Control& window) {
+      return StartsWith(window.name, kMainTitle) && window.active;
+    });
+  })) << "the main window is not active";
 }
 
 bool RealProgram::HasWindow(const std::string& title) const {
@@ -152,7 +183,9 @@ void RealProgram::Answer(const std::string& title, const std::string& text, cons
 }
 
 std::string RealProgram::Cell(int row, int column) const {
-  const std::string spoken = controls_->CellText(FindNow(kPageName), row, column);
+  const Control page = FindNow(kPageName);
+  if (page.role.empty()) return {};
+  const std::string spoken = controls_->CellText(page, row, column);
   const std::string offset = "Offset ";
   if (StartsWith(spoken, offset)) return spoken.substr(offset.size());
   return spoken.substr(0, spoken.find(", ", 1));

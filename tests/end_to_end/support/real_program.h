@@ -43,7 +43,13 @@ class RealProgram : public testing::Test {
   std::string TextOf(const std::string& field, const std::string& window = {}) const;
   void ExpectText(const std::string& field, const std::string& text, const std::string& window = {}) const;
 
+  /// Waits until keys go to the main window.
+  void ExpectFocusOnMainWindow() const;
   void ExpectWindow(const std::string& title) const;
+  /// Stops the program as soon as it shows a window of that title, however short it is there, and gives the
+  /// window's number.
+  std::string StopAtWindow(const std::string& title) const;
+  void GoOn() const;
   void ExpectNoWindow(const std::string& title) const;
   bool HasWindow(const std::string& title) const;
   /// Waits for a message box with that title and text, then answers it.
@@ -55,6 +61,8 @@ class RealProgram : public testing::Test {
   std::string Cell(int row, int column) const;
   void ExpectCell(int row, int column, const std::string& text) const;
 
+  /// Settings with which the dialogs start in the folder of the test's files.
+  void RememberFolderOfFiles() const;
   std::string File(const std::string& name) const { return desktop_.Files() / name; }
   /// What the program printed.
   std::string Output() const;
