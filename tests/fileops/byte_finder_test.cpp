@@ -43,7 +43,7 @@ rc::Gen<std::string> TextOf(const std::string& alphabet, std::size_t longest) {
 }
 
 TEST(PairScans, EqualALookAtEveryPosition) {
-  rc::check([] {
+  EXPECT_TRUE(rc::check([] {
     const auto text = *TextOf("aAbB\xFF", 700);
     RC_PRE(text.size() > 40U);
     const BytePair pair = {
@@ -55,7 +55,7 @@ TEST(PairScans, EqualALookAtEveryPosition) {
     std::size_t expected = from;
     while (expected < end && !pair.FitsAt(bytes + expected)) ++expected;
     for (const PairScan scan : FileSystem::PairScans()) RC_ASSERT(scan(pair, bytes, from, end) == expected);
-  });
+  }));
 }
 
 TEST(PairScans, FindALonePairAtEveryPosition) {
@@ -109,7 +109,7 @@ TEST(ByteFinder, ComparesWithoutCaseByTheFoldingOfTheCodePage) {
 }
 
 TEST(ByteFinder, EqualsThePlainSearchOnSmallAlphabets) {
-  rc::check([] {
+  EXPECT_TRUE(rc::check([] {
     const auto alphabet =
         *rc::gen::element<std::string>("a", "ab", "aA", "aAbB", "abcdefgh", "\x8A\x9A\xC0\xE0");
     const auto text = *TextOf(alphabet, 400);
@@ -117,11 +117,11 @@ TEST(ByteFinder, EqualsThePlainSearchOnSmallAlphabets) {
     const auto from = *rc::gen::inRange<std::size_t>(0, text.size() + 2);
     const auto ignoreCase = *rc::gen::arbitrary<bool>();
     RC_ASSERT(Find(text, pattern, from, ignoreCase) == NaiveFind(text, pattern, from, ignoreCase));
-  });
+  }));
 }
 
 TEST(ByteFinder, FindsEveryPieceOfATextWhereItStandsFirst) {
-  rc::check([] {
+  EXPECT_TRUE(rc::check([] {
     const auto text = *TextOf("aAbB", 600);
     RC_PRE(!text.empty());
     const auto start = *rc::gen::inRange<std::size_t>(0, text.size());
@@ -129,12 +129,12 @@ TEST(ByteFinder, FindsEveryPieceOfATextWhereItStandsFirst) {
     const auto ignoreCase = *rc::gen::arbitrary<bool>();
     const std::string pattern = text.substr(start, length);
     RC_ASSERT(Find(text, pattern, 0, ignoreCase) == NaiveFind(text, pattern, 0, ignoreCase));
-  });
+  }));
 }
 
 // Patterns that nearly match nearly everywhere: here the finder gives up comparing candidates.
 TEST(ByteFinder, EqualsThePlainSearchWhereCandidatesAbound) {
-  rc::check([] {
+  EXPECT_TRUE(rc::check([] {
     const auto gap = *rc::gen::inRange<std::size_t>(1, 60);
     const auto length = *rc::gen::inRange<std::size_t>(2, 300);
     std::string text(30'000, 'a');
@@ -152,7 +152,7 @@ TEST(ByteFinder, EqualsThePlainSearchWhereCandidatesAbound) {
       RC_ASSERT(finder.Find(text, from) == expected);
       from = expected == ByteFinder::kNone ? expected : expected + 1;
     }
-  });
+  }));
 }
 
 TEST(ByteFinder, FindsALongPatternOfOneByte) {

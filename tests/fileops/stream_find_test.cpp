@@ -196,7 +196,7 @@ struct Model {
 };
 
 TEST_F(StreamFind, EqualsTheModelOverWholeSearches) {
-  rc::check([this] {
+  EXPECT_TRUE(rc::check([this] {
     const auto alphabet = *rc::gen::element<std::string>("a", "ab", " a", "aAbB", " aA");
     const auto letter = rc::gen::elementOf(alphabet);
     const auto text = *rc::gen::nonEmpty(rc::gen::container<std::string>(letter));
@@ -216,11 +216,11 @@ TEST_F(StreamFind, EqualsTheModelOverWholeSearches) {
       RC_ASSERT(state.text.View() == model.text);
       restart = *rc::gen::weightedElement<bool>({{8, false}, {1, true}});
     }
-  });
+  }));
 }
 
 TEST_F(StreamFind, TakesAnotherPatternOnTheWay) {
-  rc::check([this] {
+  EXPECT_TRUE(rc::check([this] {
     const auto letter = rc::gen::element('a', 'b');
     const auto text = *rc::gen::nonEmpty(rc::gen::container<std::string>(letter));
     Model model{text, *rc::gen::inRange<std::int64_t>(1, 6), false};
@@ -230,7 +230,7 @@ TEST_F(StreamFind, TakesAnotherPatternOnTheWay) {
       const auto count = static_cast<std::int64_t>(text.size());
       RC_ASSERT(Find(source, pattern, count, call == 0, model.block) == model.Find(pattern, call == 0));
     }
-  });
+  }));
 }
 
 }  // namespace

@@ -312,7 +312,7 @@ TEST_F(Search, LeavesTheMarksTheirColours) {
 }
 
 TEST_F(Search, ReadsOnAcrossBlocksAsThePlainModelDoes) {
-  rc::check([this] {
+  EXPECT_TRUE(rc::check([this] {
     const auto letter = rc::gen::element('a', 'b', 'A');
     const auto text = *rc::gen::nonEmpty(rc::gen::container<std::string>(letter));
     const auto term = *rc::gen::nonEmpty(rc::gen::resize(4, rc::gen::container<std::string>(letter)));
@@ -337,7 +337,7 @@ TEST_F(Search, ReadsOnAcrossBlocksAsThePlainModelDoes) {
         RC_ASSERT(Find(noCase) == expected);
       }
     }
-  });
+  }));
 }
 
 }  // namespace
