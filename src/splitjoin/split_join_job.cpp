@@ -7,6 +7,7 @@
 namespace bwp {
 
 std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std::string& baseName) {
+  job.confirmed = false;
   job.names = funzioni::PathIn(folder, baseName);
   if (funzioni::FileExists(job.names)) {
     job.action = kDeleteAndSplitAction;
@@ -19,6 +20,7 @@ std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std
 
 std::string PrepareJoin(SplitJoinJob& job, const std::string& folder, const std::string& typedNames,
                         const std::string& destination) {
+  job.confirmed = false;
   job.names = QuotedNames(typedNames);
   job.destination = funzioni::PathIn(folder, destination);
   if (funzioni::FileExists(job.destination)) {

@@ -19,13 +19,14 @@ struct SplitJoinJob {
   std::string destination;  ///< Join: where the result goes, with its folder.
 };
 
-/// Stores a split into the folder's parts of that base name and gives the question to ask first. A file of
-/// exactly that name makes it a split that deletes the parts of an earlier one. A base name that starts at
-/// the root stands for itself, as a destination does.
+/// Stores a split into the folder's parts of that base name and gives the question to ask first. An answer to
+/// an earlier question is void: it was not this job that it confirmed. A file of exactly that name makes it a
+/// split that deletes the parts of an earlier one. A base name that starts at the root stands for itself, as
+/// a destination does.
 std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std::string& baseName);
 
 /// Stores a join of the typed names into a destination in the same folder and gives the question to ask
-/// first. A destination that is there is deleted before.
+/// first, voiding an earlier answer likewise. A destination that is there is deleted before.
 std::string PrepareJoin(SplitJoinJob& job, const std::string& folder, const std::string& typedNames,
                         const std::string& destination);
 

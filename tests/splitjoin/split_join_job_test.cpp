@@ -29,6 +29,20 @@ TEST(PrepareSplit, WarnsOfABaseFileThatIsThere) {
   EXPECT_EQ(job.action, "del&split");
 }
 
+TEST(PrepareSplit, VoidsTheAnswerToAnEarlierQuestion) {
+  SplitJoinJob job;
+  job.confirmed = true;
+  PrepareSplit(job, "/some/folder/", "part");
+  EXPECT_FALSE(job.confirmed);
+}
+
+TEST(PrepareJoin, VoidsTheAnswerToAnEarlierQuestion) {
+  SplitJoinJob job;
+  job.confirmed = true;
+  PrepareJoin(job, "/some/folder/", "a.001", "all");
+  EXPECT_FALSE(job.confirmed);
+}
+
 TEST(PrepareSplit, LooksForTheBaseNameAsItIsTyped) {
   const bwp::test::TempFolder folder;
   folder.Write("part.000", "x");
