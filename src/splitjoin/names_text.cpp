@@ -1,5 +1,7 @@
 #include "splitjoin/names_text.h"
 
+#include <algorithm>
+
 #include "viewer/run_time_error.h"
 
 namespace bwp {
@@ -14,6 +16,11 @@ std::string WithoutBlanks(const std::string& text) {
 }
 
 }  // namespace
+
+bool CanBeQuoted(const std::vector<std::string>& names) {
+  return std::none_of(names.begin(), names.end(),
+                      [](const std::string& name) { return name.find(kQuote) != std::string::npos; });
+}
 
 std::string NamesText(const std::vector<std::string>& names) {
   std::string text;

@@ -6,6 +6,9 @@
 /// The names of the files to join, as one text: each name between double quotes.
 namespace bwp {
 
+/// Whether a text can hold these names: the quotes around a name cannot be told from one inside it.
+bool CanBeQuoted(const std::vector<std::string>& names);
+
 /// The text for names in their order, each quoted and followed by one blank.
 std::string NamesText(const std::vector<std::string>& names);
 

@@ -7,6 +7,7 @@
 
 namespace {
 
+using bwp::CanBeQuoted;
 using bwp::NamesText;
 using bwp::ParseNames;
 using bwp::QuotedNames;
@@ -15,6 +16,12 @@ using Names = std::vector<std::string>;
 TEST(NamesText, QuotesEachNameAndFollowsItByABlank) {
   EXPECT_EQ(NamesText({"c", "a", "b"}), "\"c\" \"a\" \"b\" ");
   EXPECT_EQ(NamesText({}), "");
+}
+
+TEST(CanBeQuoted, HoldsForNamesWithoutAQuote) {
+  EXPECT_TRUE(CanBeQuoted({}));
+  EXPECT_TRUE(CanBeQuoted({"a", "it's b"}));
+  EXPECT_FALSE(CanBeQuoted({"a", "12\" disk.001"}));
 }
 
 TEST(QuotedNames, LoseTheBlanksAtTheEnds) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 
 #include "splitjoin/names_text.h"
 #include "viewer/forms/text_conversion.h"
@@ -12,27 +13,41 @@ namespace bwp {
 Fjoin::Fjoin(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* parent)
     : FileDialog(state, notices, parent, FileLists::Selection::kMany),
       state_(state),
+      notices_(notices),
       job_(job),
       Ftext_(AddField(QStringLiteral("Ftext"), QStringLiteral("Files to join"))),
-      Dest_(AddField(QStringLiteral("Dest"), QStringLiteral("Destination"))) {
+      Dest_(AddField(QStringLiteral("Dest"), QStringLiteral("Destination"))),
+      ActionB_(AddButton(QStringLiteral("ActionB"), QStringLiteral("Join"))) {
   setObjectName(QStringLiteral("Fjoin"));
   setWindowTitle(QStringLiteral("Join files"));
-  QPushButton& action = AddButton(QStringLiteral("ActionB"), QStringLiteral("Join"));
   QPushButton& help = AddButton(QStringLiteral("HelpSJ"), QStringLiteral("Help"));
   AddCancel();
+  Lists().Files().installEventFilter(this);
 
   connect(&Lists(), &FileLists::FilePicked, this, [this](int row, const std::string&) { Pick(row); });
   connect(&Lists(), &FileLists::FileChosen, this,
-          [this](const std::string& name) { Prepare('"' + name + '"'); });
+          [this](const std::string& name) { Prepare({name}, NamesText({name})); });
   connect(&Lists(), &FileLists::Filled, this, [this] { StartAnew(); });
   connect(&Lists(), &FileLists::FilesChanged, this, [this] { FollowRows(); });
-  connect(&action, &QPushButton::clicked, this, [this] { Prepare(ToPath(Ftext_.text())); });
+  connect(&ActionB_, &QPushButton::clicked, this, [this] { PrepareText(); });
   connect(&help, &QPushButton::clicked, this, [this] { Q_EMIT HelpWanted(); });
 }
 
 void Fjoin::Start() {
   Present();
   Lists().Files().setFocus();
+}
+
+// Enter in the list means the whole selection, as it does in the fields; one file alone is double-clicked.
+bool Fjoin::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &Lists().Files() && event->type() == QEvent::KeyPress) {
+    const auto* const press = static_cast<QKeyEvent*>(event);
+    if (press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter) {
+      if (!press->isAutoRepeat()) ActionB_.click();
+      return true;
+    }
+  }
+  return FileDialog::eventFilter(watched, event);
 }
 
 void Fjoin::Pick(int row) {
@@ -60,7 +75,18 @@ void Fjoin::FollowRows() {
   }
 }
 
-void Fjoin::Prepare(const std::string& names) {
+// What the clicks wrote stands for the picked files; anything else was typed.
+void Fjoin::PrepareText() {
+  const bool built = Ftext_.text() == builtNames_;
+  Prepare(built ? PickedNames() : std::vector<std::string>(), ToPath(Ftext_.text()));
+}
+
+void Fjoin::Prepare(const std::vector<std::string>& picked, const std::string& names) {
+  if (!CanBeQuoted(picked)) {
+    notices_.Tell("A file whose name holds a double quote cannot be joined", kErrorTitle,
+                  Notices::Icon::kCritical);
+    return;
+  }
   Q_EMIT Asked(PrepareJoin(job_, state_.LastFolder, names, ToPath(Dest_.text())));
 }
 

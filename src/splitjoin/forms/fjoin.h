@@ -24,20 +24,26 @@ class Fjoin : public FileDialog {
   void Asked(const std::string& question);
   void HelpWanted();
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void Pick(int row);
   void StartAnew();
   void FollowRows();
-  void Prepare(const std::string& names);
+  void PrepareText();
+  void Prepare(const std::vector<std::string>& picked, const std::string& names);
   std::vector<std::string> PickedNames() const;
 
   ViewState& state_;
+  Notices& notices_;
   SplitJoinJob& job_;
   ClickOrder order_;
   std::vector<std::string> rows_;  ///< The names that the order's entries stand for.
   QString builtNames_;             ///< What the clicks wrote into Ftext.
   QLineEdit& Ftext_;
   QLineEdit& Dest_;
+  QPushButton& ActionB_;
 };
 
 }  // namespace bwp
