@@ -53,10 +53,10 @@ std::int64_t PartSizeForCount(std::int64_t fileSize, std::int64_t count) {
 }
 
 void SplitPlan::init() {
-  echo_ = true;
   partSize_ = state_.MarkEnd - state_.MarkStart + 1;
   FitLimits();
   fields_.UDCh = fields_.minimum;
+  fields_.Preset = -1;
 }
 
 void SplitPlan::FitLimits() {
@@ -77,12 +77,18 @@ void SplitPlan::Agggraph() {
   parts_ = wholeParts + Sign(lastPartSize_);
   fields_.Dlast = std::to_string(lastPartSize_);
   fields_.Hlast = HexTwin(fields_.Dlast);
-  echo_ = true;
   WriteDecimalSize(std::to_string(partSize_));
-  echo_ = true;
   fields_.NChunk = std::to_string(parts_);
   fields_.UDCh = parts_;
   fields_.Sly = RoundedQuotient(partSize_, kSliderScale);
+  ForgetOtherPreset();
+}
+
+// The list names a medium no longer than the parts are made for it; a file shorter than that is one part.
+void SplitPlan::ForgetOtherPreset() {
+  if (fields_.Preset < 0) return;
+  const std::int64_t preset = kSizePresets.at(static_cast<std::size_t>(fields_.Preset)).bytes;
+  if (partSize_ != MinOf({preset, state_.FLen})) fields_.Preset = -1;
 }
 
 std::string SplitPlan::Title() const {
@@ -91,9 +97,7 @@ std::string SplitPlan::Title() const {
 }
 
 void SplitPlan::DragSlider(std::int64_t position) {
-  echo_ = true;
   WriteDecimalSize(std::to_string(position * kSliderScale));
-  echo_ = true;
 }
 
 void SplitPlan::ReleaseSlider(std::int64_t position) {
@@ -104,7 +108,6 @@ void SplitPlan::ReleaseSlider(std::int64_t position) {
 
 void SplitPlan::ChangeCount(std::int64_t count) {
   if (count <= 0) return;
-  echo_ = true;
   fields_.NChunk = std::to_string(count);
   const std::int64_t quotient = state_.FLen / count;
   // One byte more than the quotient even where the count divides the file.
@@ -114,7 +117,6 @@ void SplitPlan::ChangeCount(std::int64_t count) {
 
 void SplitPlan::ClickCountDown(std::int64_t count) {
   if (count <= 0) return;
-  echo_ = true;
   const std::int64_t size = RoundedQuotient(state_.FLen, count);
   // Taking 1 off before rounding is the same but where a tie meets: the even neighbour is then another one.
   partSize_ = size == partSize_ ? RoundedQuotient(MaxOf({0, state_.FLen - count}), count) : size;
@@ -130,20 +132,18 @@ void SplitPlan::EnterCount(std::string_view text) {
 }
 
 void SplitPlan::TypeDecimalSize(std::string_view text) {
-  echo_ = true;
   WriteDecimalSize(std::string(text));
 }
 
 void SplitPlan::EnterDecimalSize(std::string_view text) {
   partSize_ = InsideFile(funzioni::ParseDecimal(text));
   Agggraph();
-  echo_ = false;
 }
 
 void SplitPlan::TypeHexSize(std::string_view text) {
   fields_.HCHsize = text;
-  echo_ = false;
-  if (funzioni::IsNumberText(text, true)) WriteDecimalSize(std::to_string(funzioni::ParseHex(text)));
+  // Only the twin follows: the part size waits for Enter.
+  if (funzioni::IsNumberText(text, true)) fields_.DChsize = std::to_string(funzioni::ParseHex(text));
 }
 
 void SplitPlan::EnterHexSize(std::string_view text) {
@@ -154,6 +154,7 @@ void SplitPlan::EnterHexSize(std::string_view text) {
 
 void SplitPlan::ChoosePreset(int index) {
   if (index < 0 || index >= static_cast<int>(kSizePresets.size())) return;
+  fields_.Preset = index;
   partSize_ = kSizePresets[static_cast<std::size_t>(index)].bytes;
   Agggraph();
 }
@@ -162,15 +163,10 @@ std::string SplitPlan::HexTwin(std::string_view decimalText) {
   return HexSize(funzioni::ParseDecimal(decimalText));
 }
 
+// Part size and twin follow what the decimal field shows.
 void SplitPlan::WriteDecimalSize(std::string text) {
   fields_.DChsize = std::move(text);
-  DecimalSizeChanged();
-}
-
-void SplitPlan::DecimalSizeChanged() {
-  if (!echo_) return;
   partSize_ = funzioni::ParseDecimal(fields_.DChsize);
-  echo_ = false;
   fields_.HCHsize = HexSize(partSize_);
 }
 

@@ -30,6 +30,7 @@ struct PlanFields {
   std::int64_t maximum = 0;     ///< The upper end of both.
   std::int64_t minimum = 0;     ///< Their lower end: 1, for an empty file 0.
   std::int64_t sliderStep = 0;  ///< The slider's large step.
+  int Preset = -1;              ///< The chosen preset while the part size is still its own; -1 for none.
 };
 
 /// How the open file is cut into parts: one part size, set in any of seven ways, and everything that follows
@@ -80,7 +81,7 @@ class SplitPlan {
  private:
   void FitLimits();
   void WriteDecimalSize(std::string text);
-  void DecimalSizeChanged();
+  void ForgetOtherPreset();
   std::int64_t InsideFile(std::int64_t size) const;
 
   const ViewState& state_;
@@ -88,7 +89,6 @@ class SplitPlan {
   std::int64_t lastPartSize_ = 0;
   std::int64_t fileSizeCopy_ = -1;  ///< The length that the limits were made for.
   std::int64_t parts_ = 0;
-  bool echo_ = false;  ///< The next change of a size field is carried over into its twin.
   PlanFields fields_;
 };
 

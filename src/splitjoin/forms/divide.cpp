@@ -282,6 +282,7 @@ void Divide::ShowPlan() {
     const QSignalBlocker quietArrows(udCh_);
     sly_->setValue(static_cast<int>(plan_.Fields().Sly));
     udCh_->setValue(static_cast<int>(plan_.Fields().UDCh));
+    preset_->setCurrentIndex(plan_.Fields().Preset);
   }
   sly_->update();
   setWindowTitle(FromCodePage(plan_.Title()));
