@@ -88,14 +88,8 @@ TEST(PartNames, HaveThreeDigitsAtMost) {
   EXPECT_EQ(ErrorOf([&names] { names.Name(1000); }), 5);
 }
 
-// The walk, told one character at a time.
-PartNames WalkedNames(std::string path) {
-  std::size_t at = 0;
-  while (at + 1 < path.size() && (path[at] < '0' || path[at] > '9')) ++at;
-  if (at + 1 >= path.size()) {
-    at = path.size() + 1;
-    path += ".000";
-  }
+// Cuts at a place by reading one character after the other.
+PartNames CutByReading(const std::string& path, std::size_t at) {
   std::int64_t number = 0;
   bool reading = true;
   for (std::size_t i = at; i < at + 3 && i < path.size(); ++i) {
@@ -105,13 +99,63 @@ PartNames WalkedNames(std::string path) {
   return {path.substr(0, at), number, path.size() > at + 3 ? path.substr(at + 3) : ""};
 }
 
+// The walk, told one character at a time.
+PartNames WalkedNames(std::string path) {
+  std::size_t at = 0;
+  while (at + 1 < path.size() && (path[at] < '0' || path[at] > '9')) ++at;
+  if (at + 1 >= path.size()) {
+    at = path.size() + 1;
+    path += ".000";
+  }
+  return CutByReading(path, at);
+}
+
+std::string RandomName() {
+  return *rc::gen::container<std::string>(rc::gen::elementOf(std::string("ab./ 0123456789")));
+}
+
+void RequireSame(const PartNames& names, const PartNames& expected) {
+  RC_ASSERT(names.prefix == expected.prefix);
+  RC_ASSERT(names.first == expected.first);
+  RC_ASSERT(names.suffix == expected.suffix);
+}
+
+// The name is written by hand, digit by digit.
+RC_GTEST_PROP(PartNames, PutTheirNumberBetweenPrefixAndSuffix, ()) {
+  const PartNames names{RandomName(), 0, RandomName()};
+  const auto number = *rc::gen::inRange(0, 1000);
+  std::string expected = names.prefix;
+  for (const int place : {100, 10, 1}) expected += static_cast<char>('0' + number / place % 10);
+  RC_ASSERT(names.Name(number) == expected + names.suffix);
+  const auto tooLong = *rc::gen::inRange<std::int64_t>(1000, 3'000'000'000);
+  RC_ASSERT(ErrorOf([&] { names.Name(tooLong); }) == 5);
+}
+
+RC_GTEST_PROP(DeletionNames, AreThoseOfTheSplitWhereThereIsANumber, ()) {
+  const std::string path = RandomName();
+  std::size_t at = 0;
+  while (at < path.size() && (path[at] < '0' || path[at] > '9')) ++at;
+  if (at + 1 < path.size()) {
+    RequireSame(DeletionNames(path), CutByReading(path, at));
+  } else {
+    RC_ASSERT(ErrorOf([&] { DeletionNames(path); }) == 5);
+  }
+}
+
+RC_GTEST_PROP(JoinNames, BeginAtTheFirstDigitAnywhere, ()) {
+  const std::string name = RandomName();
+  std::size_t at = 0;
+  while (at < name.size() && (name[at] < '0' || name[at] > '9')) ++at;
+  if (at < name.size()) {
+    RequireSame(JoinNames(name), CutByReading(name, at));
+  } else {
+    RC_ASSERT(ErrorOf([&] { JoinNames(name); }) == 5);
+  }
+}
+
 RC_GTEST_PROP(SplitNames, AreWhatTheWalkFinds, ()) {
-  const auto path = *rc::gen::container<std::string>(rc::gen::elementOf(std::string("ab./ 0123456789")));
-  const PartNames names = SplitNames(path);
-  const PartNames walked = WalkedNames(path);
-  RC_ASSERT(names.prefix == walked.prefix);
-  RC_ASSERT(names.first == walked.first);
-  RC_ASSERT(names.suffix == walked.suffix);
+  const std::string path = RandomName();
+  RequireSame(SplitNames(path), WalkedNames(path));
 }
 
 }  // namespace

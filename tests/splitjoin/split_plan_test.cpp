@@ -125,6 +125,18 @@ TEST(SplitPlan, MovesTheCountByOneWithTheDownArrow) {
   EXPECT_EQ(p.plan.PartSize(), 251);
 }
 
+TEST(SplitPlan, CountsDownFromAPartSizeOfOne) {
+  Planned p(1000);
+  p.plan.EnterDecimalSize("1");
+  ASSERT_EQ(p.plan.Fields().UDCh, 1000);
+  p.plan.ClickCountDown(1000);
+  EXPECT_EQ(p.plan.PartSize(), 0) << "one byte less than one";
+  EXPECT_EQ(p.plan.Fields().NChunk, "1000") << "without a size the fields keep what they show";
+  p.plan.ChangeCount(999);
+  EXPECT_EQ(p.plan.PartSize(), 2);
+  EXPECT_EQ(p.plan.Fields().NChunk, "500");
+}
+
 TEST(SplitPlan, RoundsTheDownArrowsQuotientToTheEvenNeighbour) {
   Planned p(10);
   p.plan.EnterDecimalSize("9");
@@ -186,6 +198,14 @@ TEST(SplitPlan, CarriesTypedHexadecimalsIntoTheDecimalTwinOnly) {
   EXPECT_EQ(p.plan.Fields().DChsize, "31") << "no hexadecimal number";
 }
 
+TEST(SplitPlan, ReadsFourTypedHexadecimalDigitsAsASignedNumber) {
+  Planned p(1000);
+  p.plan.TypeHexSize("FFFF");
+  EXPECT_EQ(p.plan.Fields().DChsize, "-1");
+  EXPECT_EQ(p.plan.Fields().HCHsize, "FFFF");
+  EXPECT_EQ(p.plan.PartSize(), 1000);
+}
+
 TEST(SplitPlan, HoldsATypedHexadecimalSizeToTheFile) {
   Planned p(1000);
   p.plan.EnterHexSize("12c");
@@ -220,6 +240,24 @@ TEST(SplitPlan, CutsAPresetLargerThanTheFileToIt) {
   EXPECT_EQ(p.plan.Fields().NChunk, "1");
   p.plan.ChoosePreset(-1);
   EXPECT_EQ(p.plan.PartSize(), 1'000'000);
+}
+
+TEST(SplitPlan, RemembersAPresetWhileThePartSizeIsItsOwn) {
+  Planned p(1'000'000);
+  EXPECT_EQ(p.plan.Fields().Preset, -1);
+  p.plan.ChoosePreset(0);
+  EXPECT_EQ(p.plan.Fields().Preset, 0);
+  p.plan.Agggraph();
+  EXPECT_EQ(p.plan.Fields().Preset, 0);
+  p.plan.EnterDecimalSize("730111");
+  EXPECT_EQ(p.plan.Fields().Preset, -1);
+  p.plan.ChoosePreset(5);
+  EXPECT_EQ(p.plan.Fields().Preset, 5) << "the medium takes the whole file";
+  p.plan.EnterCount("2");
+  EXPECT_EQ(p.plan.Fields().Preset, -1);
+  p.plan.ChoosePreset(5);
+  p.plan.init();
+  EXPECT_EQ(p.plan.Fields().Preset, -1);
 }
 
 TEST(SplitPlan, LeavesTheFieldsStandingForAnEmptyFile) {
