@@ -56,6 +56,7 @@ MainLayout::MainLayout(QMainWindow& window, ViewState& state, Services& services
   page = new PageTable(state.tabe, centre);
   scrollBar = new ScrollBarWidget(state, services.display, centre);
   pageMenu = new PageMenu(state, services.display, *page, window);
+  pageMenu->setParent(&window);
   edit = new EditController(state, services, *page, *pageMenu, window, centre);
 
   auto* const grid = new QGridLayout(centre);

@@ -22,7 +22,9 @@ Progform::Progform(QWidget* parent)
     : QDialog(parent), bar_(new QProgressBar(this)), lab_(new PathLabel(kLabelLines, true, this)) {
   setObjectName(QStringLiteral("Progform"));
   setWindowTitle(QStringLiteral("Work in progress"));
-  setWindowModality(Qt::ApplicationModal);
+  // A short operation is over before the window manager has moved the focus here and back; halfway, the
+  // toolkit would lose it. It stays where it was, and the barrier brings the keys here.
+  setAttribute(Qt::WA_ShowWithoutActivating);
   bar_->setObjectName(QStringLiteral("Bar"));
   bar_->setAccessibleName(QStringLiteral("Progress"));
   bar_->setRange(0, 100);
@@ -34,6 +36,7 @@ Progform::Progform(QWidget* parent)
   cancel->setAccessibleName(QStringLiteral("Cancel"));
   // An Enter that is still held down from starting the operation must not end it.
   cancel->setAutoDefault(false);
+  cancel->setFocus();
   connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
 
   auto* column = new QVBoxLayout(this);
@@ -62,13 +65,14 @@ void Progform::SetBar(float percent) {
 void Progform::Show() {
   bar_->setUpdatesEnabled(true);
   sincePaint_.start();
+  barrier_.PutUp();
   show();
   raise();
-  activateWindow();
 }
 
 void Progform::Hide() {
   hide();
+  barrier_.TakeDown();
   bar_->setUpdatesEnabled(true);
 }
 

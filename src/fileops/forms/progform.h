@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 
+#include "fileops/forms/input_barrier.h"
 #include "fileops/progress.h"
 #include "viewer/forms/path_label.h"
 
@@ -39,6 +40,7 @@ class Progform : public QDialog, public Progress {
   std::string label_;
   bool aborted_ = false;
   QElapsedTimer sincePaint_;
+  InputBarrier barrier_{*this};
 };
 
 /// A `Progform` that is made when it is first needed.

@@ -1,12 +1,14 @@
 #include "fileops/forms/progform.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 #include "support/forms/dialog_checks.h"
 
@@ -64,10 +66,61 @@ TEST_F(ProgformTest, IsTheOnlyWindowThatTakesInputWhileItIsShown) {
   QLineEdit other;
   other.show();
   form_.Show();
-  EXPECT_EQ(QApplication::activeModalWidget(), &form_);
+  QTest::keyClicks(&other, QStringLiteral("dropped"));
+  EXPECT_EQ(other.text(), QString());
   form_.Hide();
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_TRUE(other.isEnabled());
+  QTest::keyClicks(&other, QStringLiteral("taken"));
+  EXPECT_EQ(other.text(), QStringLiteral("taken"));
+}
+
+TEST_F(ProgformTest, DropsClicksOnOtherWindowsWhileItIsShown) {
+  QPushButton other;
+  int clicks = 0;
+  QObject::connect(&other, &QPushButton::clicked, [&clicks] { ++clicks; });
+  other.show();
+  form_.Show();
+  QTest::mouseClick(&other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 0);
+  form_.Hide();
+  QTest::mouseClick(&other, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ProgformTest, HearsTheKeysThatAnotherWindowGets) {
+  QLineEdit other;
+  other.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
+  form_.Show();
+  QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
+  EXPECT_TRUE(form_.Aborted());
+}
+
+// Whether it really does is for a window manager to show: see the end-to-end tests.
+TEST_F(ProgformTest, AsksForNoFocusWhenItIsShown) {
+  EXPECT_TRUE(form_.testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+// Notes that a window was told to let go of what is held.
+class BlockedWatch : public QWidget {
+ public:
+  std::vector<QEvent::Type> seen;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked) {
+      seen.push_back(event->type());
+    }
+    return QWidget::event(event);
+  }
+};
+
+TEST_F(ProgformTest, TellsOtherWindowsThatTheyAreBlockedAndFreeAgain) {
+  BlockedWatch other;
+  other.show();
+  form_.Show();
+  EXPECT_EQ(other.seen, std::vector{QEvent::WindowBlocked});
+  form_.Hide();
+  EXPECT_EQ(other.seen, (std::vector{QEvent::WindowBlocked, QEvent::WindowUnblocked}));
 }
 
 TEST_F(ProgformTest, CancelOnlySetsTheFlag) {
@@ -99,7 +152,6 @@ TEST_F(ProgformTest, ClosingItsFrameIsCancel) {
 
 TEST_F(ProgformTest, AnEnterStillHeldFromStartingTheOperationDoesNotCancelIt) {
   form_.Show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
   QTest::keyClick(&form_, Qt::Key_Return);
   QTest::keyClick(form_.findChild<QPushButton*>(QStringLiteral("Cancel")), Qt::Key_Return);
   EXPECT_FALSE(form_.Aborted());
