@@ -140,6 +140,16 @@ TEST_F(Divide, FollowsAHexadecimalSizeWhileItIsTyped) {
   EXPECT_EQ(Text("NChunk"), "4");
 }
 
+TEST_F(Divide, ReadsFourHexadecimalDigitsAsASignedNumber) {
+  Type("HCHsize", "FFFF");
+  EXPECT_EQ(Text("HCHsize"), "FFFF");
+  EXPECT_EQ(Text("DChsize"), "-1");
+  EXPECT_EQ(plan.PartSize(), 1000);
+  QTest::keyClick(&Field("HCHsize"), Qt::Key_Return);
+  EXPECT_EQ(Text("HCHsize"), "00000001");
+  EXPECT_EQ(Text("NChunk"), "1000");
+}
+
 TEST_F(Divide, TypesInTheMiddleOfASize) {
   Enter("DChsize", "100");
   Field("DChsize").setCursorPosition(1);
@@ -168,6 +178,22 @@ TEST_F(Divide, CountsByOneWithTheArrows) {
   EXPECT_EQ(Text("DChsize"), "501");
   ClickArrow(QStyle::SC_SpinBoxDown);
   EXPECT_EQ(Text("NChunk"), "1");
+}
+
+TEST_F(Divide, LeavesAOneByteFileInOnePartAtTheDownArrow) {
+  Show(1);
+  ClickArrow(QStyle::SC_SpinBoxDown);
+  EXPECT_EQ(Text("NChunk"), "1");
+  EXPECT_EQ(Text("DChsize"), "1");
+  EXPECT_EQ(plan.PartSize(), 1);
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Split and Join Tool - Filesize:  1 - Verified: 1"));
+}
+
+TEST_F(Divide, CountsDownFromPartsOfOneByte) {
+  Enter("DChsize", "1");
+  ClickArrow(QStyle::SC_SpinBoxDown);
+  EXPECT_EQ(Text("DChsize"), "2") << "999 parts, one byte more than the quotient";
+  EXPECT_EQ(Text("NChunk"), "500");
 }
 
 TEST_F(Divide, TakesAValueOfTheArrowsAsACount) {
@@ -229,6 +255,18 @@ TEST_F(Divide, TakesAPresetFromTheList) {
   EXPECT_EQ(Text("NChunk"), "1");
 }
 
+TEST_F(Divide, ShowsNoPresetForASizeThatWasSetAnotherWay) {
+  Show(2'000'000);
+  auto& preset = Find<QComboBox>("Preset");
+  preset.setFocus();
+  QTest::keyClick(&preset, Qt::Key_Down);
+  ASSERT_EQ(preset.currentIndex(), 0);
+  ClickArrow(QStyle::SC_SpinBoxUp);
+  EXPECT_EQ(preset.currentIndex(), -1);
+  QTest::keyClick(&preset, Qt::Key_Down);
+  EXPECT_EQ(Text("DChsize"), "730112");
+}
+
 TEST_F(Divide, DrawsTheDivisionInItsTwoColours) {
   Enter("DChsize", "500");
   auto& division = Find<bwp::DivisionView>("Division");
@@ -252,6 +290,19 @@ TEST_F(Divide, KeepsItsSmallestSizeAndFitsSliderAndFrame) {
   QTest::qWait(1);
   EXPECT_EQ(Find<QSlider>("Sly").width(), 900 - 7);
   EXPECT_EQ(Find<QWidget>("Division").width(), 900 - 31);
+}
+
+TEST_F(Divide, PlansAndDrawsAnewWhenItIsResized) {
+  Enter("DChsize", "500");
+  state.FLen = 400;
+  form.resize(900, 500);
+  EXPECT_EQ(Text("DChsize"), "400");
+  Enter("DChsize", "200");
+  form.resize(1200, 700);
+  const QImage image = Find<QWidget>("Division").grab().toImage();
+  const int right = image.width() - 3;
+  EXPECT_EQ(image.pixelColor(right, image.height() / 2), QColor(0, 0, 255)) << "up to the new frame's end";
+  EXPECT_EQ(image.pixelColor(image.width() / 2 - 3, image.height() / 2), QColor(0, 255, 0));
 }
 
 TEST_F(Divide, PlansAnewWhenItIsActivatedAfterAnotherFileWasOpened) {

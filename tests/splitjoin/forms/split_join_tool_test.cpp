@@ -1,19 +1,15 @@
-#include "splitjoin/forms/split_join_tool.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QTest>
+#include <QProcess>
 #include <QTextEdit>
 
+#include "splitjoin/forms/tool_fixture.h"
 #include "splitjoin/help_text.h"
 #include "support/forms/dialog_checks.h"
 #include "support/forms/list_clicks.h"
-#include "support/recorders.h"
-#include "support/temp_folder.h"
 #include "viewer/forms/text_conversion.h"
-#include "viewer/open_view_file.h"
 
 namespace {
 
@@ -22,57 +18,9 @@ using bwp::test::DoubleClickRow;
 using bwp::test::PatternBytes;
 using bwp::test::ReadFile;
 using bwp::test::Wait;
-using testing::Contains;
 using testing::ElementsAre;
 
-class SplitJoinTool : public testing::Test {
- protected:
-  SplitJoinTool() {
-    state_.LastFolder = folder_.Path();
-    bwp::OpenViewFile(state_, sourceFolder_.Write("source", PatternBytes(1000)));
-    tool_.Show();
-  }
-
-  // A form of the tool by its name; null before it is made.
-  QWidget* Form(const char* name) { return owner_.findChild<QWidget*>(QLatin1String(name)); }
-  bool Visible(const char* name) { return Form(name) != nullptr && Form(name)->isVisible(); }
-  template <typename Control>
-  Control& In(const char* form, const char* name) {
-    return *Form(form)->findChild<Control*>(QLatin1String(name));
-  }
-  void Press(const char* form, const char* button) {
-    QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
-  }
-  void Type(const char* form, const char* field, const std::string& text) {
-    auto& line = In<QLineEdit>(form, field);
-    line.setFocus();
-    line.selectAll();
-    QTest::keyClicks(&line, QString::fromStdString(text));
-  }
-  void SetPartSize(const char* size) {
-    Type("Divide", "DChsize", size);
-    QTest::keyClick(&In<QLineEdit>("Divide", "DChsize"), Qt::Key_Return);
-  }
-  std::string Names() { return In<QLineEdit>("Fjoin", "Ftext").text().toStdString(); }
-  std::string Question() {
-    return In<QWidget>("Dialog", "Warning").property("text").toString().toStdString();
-  }
-  bool Told(const std::string& text) const {
-    return std::find(seen_.begin(), seen_.end(), "tell " + text) != seen_.end();
-  }
-  QAbstractItemView& Files(const char* form) { return In<QAbstractItemView>(form, "Flist"); }
-
-  const bwp::test::TempFolder folder_;
-  const bwp::test::TempFolder sourceFolder_;
-  bwp::test::Transcript seen_;
-  bwp::test::RecordedDisplay display_{seen_};
-  bwp::test::RecordedProgress progress_{seen_};
-  bwp::test::RecordedNotices notices_{seen_};
-  const bwp::Disk disk_;
-  bwp::ViewState state_;
-  QWidget owner_;
-  bwp::SplitJoinTool tool_{state_, {display_, progress_, notices_, disk_}, owner_};
-};
+class SplitJoinTool : public bwp::test::SplitJoinToolTest {};
 
 TEST_F(SplitJoinTool, MakesItsFormsWhenTheyAreFirstNeeded) {
   EXPECT_TRUE(Visible("Divide"));
@@ -94,6 +42,33 @@ TEST_F(SplitJoinTool, IsLaidOutTidily) {
   bwp::test::ExpectTidy(*Form("Helpsplit"));
 }
 
+TEST_F(SplitJoinTool, IsDrawnAtTheScaleOfTheScreen) {
+  const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1")).toDouble();
+  Press("Divide", "Split");
+  Press("Divide", "Join");
+  for (const char* form : {"Divide", "Fsel", "Fjoin"}) {
+    const QPixmap picture = Form(form)->grab();
+    EXPECT_EQ(picture.devicePixelRatio(), scale) << form;
+    EXPECT_EQ(picture.size(), Form(form)->size() * scale) << form;
+  }
+}
+
+// The scale is the process's: these tests once more, in another one.
+
+TEST(SplitJoinForms, AreTidyAtTwiceTheScale) {
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+  process.setProcessEnvironment(environment);
+  process.start(
+      QCoreApplication::applicationFilePath(),
+      {QStringLiteral("--gtest_filter=SplitJoinTool.IsLaidOutTidily:SplitJoinTool.IsDrawnAtTheScale*")});
+  ASSERT_TRUE(process.waitForFinished(60'000));
+  const std::string output = process.readAllStandardOutput().toStdString();
+  EXPECT_EQ(process.exitCode(), 0) << output;
+  EXPECT_THAT(output, testing::HasSubstr("PASSED  ] 2 tests"));
+}
+
 TEST_F(SplitJoinTool, SplitsTheOpenFileAfterAnOk) {
   SetPartSize("300");
   Press("Divide", "Split");
@@ -110,6 +85,18 @@ TEST_F(SplitJoinTool, SplitsTheOpenFileAfterAnOk) {
   EXPECT_THAT(folder_.Names(), ElementsAre("part.000", "part.001", "part.002", "part.003"));
   EXPECT_FALSE(Visible("Fsel"));
   EXPECT_TRUE(Visible("Divide"));
+}
+
+TEST_F(SplitJoinTool, SplitsByATypedSizeWithoutEnter) {
+  SetPartSize("300");
+  Type("Divide", "DChsize", "600");
+  Press("Divide", "Split");
+  EXPECT_THAT(bwp::ToPath(Form("Fsel")->windowTitle()), testing::EndsWith(" in chunks of  600 Bytes"));
+  Type("Fsel", "Ftext", "part");
+  Press("Fsel", "ActionB");
+  Press("Dialog", "OKButton");
+  Wait([this] { return Told("Split successfully completed"); });
+  EXPECT_EQ(ReadFile(folder_ / "part.001"), PatternBytes(1000).substr(600));
 }
 
 TEST_F(SplitJoinTool, DoesNothingAfterACancel) {
@@ -148,97 +135,6 @@ TEST_F(SplitJoinTool, AsksForTheNameThatIsDoubleClicked) {
   EXPECT_THAT(Question(), testing::HasSubstr("b000 exist"));
 }
 
-TEST_F(SplitJoinTool, JoinsInTheOrderOfTheClicks) {
-  for (const char* name : {"a", "b", "c"}) folder_.Write(name, name);
-  Press("Divide", "Join");
-  ClickRow(Files("Fjoin"), "c");
-  ClickRow(Files("Fjoin"), "a", Qt::ControlModifier);
-  ClickRow(Files("Fjoin"), "b", Qt::ControlModifier);
-  EXPECT_EQ(Names(), "\"c\" \"a\" \"b\" ");
-  ClickRow(Files("Fjoin"), "a", Qt::ControlModifier);
-  EXPECT_EQ(Names(), "\"c\" \"b\" ");
-  ClickRow(Files("Fjoin"), "a", Qt::ControlModifier);
-  EXPECT_EQ(Names(), "\"c\" \"b\" \"a\" ");
-  Type("Fjoin", "Dest", "all");
-  Press("Fjoin", "ActionB");
-  EXPECT_EQ(Question(), "Join files as " + (folder_ / "all") + " ? ");
-  Press("Dialog", "OKButton");
-  Wait([this] { return Told("Join successful"); });
-  EXPECT_EQ(ReadFile(folder_ / "all"), "cba");
-  EXPECT_EQ(state_.OpenFile, folder_ / "all");
-  EXPECT_FALSE(Visible("Divide"));
-  EXPECT_FALSE(Visible("Fjoin"));
-}
-
-TEST_F(SplitJoinTool, PlacesOnlyTheClickedOneOfARange) {
-  for (const char* name : {"a", "b", "c"}) folder_.Write(name, name);
-  Press("Divide", "Join");
-  ClickRow(Files("Fjoin"), "a");
-  ClickRow(Files("Fjoin"), "c", Qt::ShiftModifier);
-  EXPECT_EQ(Names(), "\"a\" \"c\" ");
-}
-
-TEST_F(SplitJoinTool, StartsTheOrderAnewWhenTheListIsFilled) {
-  for (const char* name : {"a", "b"}) folder_.Write(name, name);
-  Press("Divide", "Join");
-  ClickRow(Files("Fjoin"), "b");
-  Press("Fjoin", "Cancel");
-  EXPECT_FALSE(Visible("Fjoin"));
-  Press("Divide", "Join");
-  EXPECT_EQ(Names(), "");
-  ClickRow(Files("Fjoin"), "a");
-  EXPECT_EQ(Names(), "\"a\" ");
-}
-
-TEST_F(SplitJoinTool, KeepsTheOrderWhenFilesComeAndGo) {
-  for (const char* name : {"b", "c", "d"}) folder_.Write(name, name);
-  Press("Divide", "Join");
-  ClickRow(Files("Fjoin"), "d");
-  ClickRow(Files("Fjoin"), "b", Qt::ControlModifier);
-  folder_.Write("a", "new");
-  Wait([this] { return Files("Fjoin").model()->rowCount() == 4; });
-  ClickRow(Files("Fjoin"), "c", Qt::ControlModifier);
-  EXPECT_EQ(Names(), "\"d\" \"b\" \"c\" ");
-}
-
-TEST_F(SplitJoinTool, JoinsConsecutiveFilesFromTheOneThatIsDoubleClicked) {
-  for (const char* name : {"x.005", "x.006", "y"}) folder_.Write(name, name);
-  folder_.Write("all", "old");
-  Press("Divide", "Join");
-  Type("Fjoin", "Dest", "all");
-  ClickRow(Files("Fjoin"), "y");
-  DoubleClickRow(Files("Fjoin"), "x.005");
-  EXPECT_EQ(Question(), "Warning, file " + (folder_ / "all") + " exists, do you want to overwrite ? ");
-  Press("Dialog", "OKButton");
-  Wait([this] { return Told("Join successful"); });
-  EXPECT_EQ(ReadFile(folder_ / "all"), "x.005x.006");
-}
-
-TEST_F(SplitJoinTool, JoinsATypedNameWithoutQuotes) {
-  folder_.Write("a.001", "one");
-  folder_.Write("a.002", "two");
-  Press("Divide", "Join");
-  Type("Fjoin", "Ftext", "a.001");
-  Type("Fjoin", "Dest", "all");
-  Press("Fjoin", "ActionB");
-  Press("Dialog", "OKButton");
-  Wait([this] { return Told("Join successful"); });
-  EXPECT_EQ(ReadFile(folder_ / "all"), "onetwo");
-}
-
-TEST_F(SplitJoinTool, JoinsFilesWhoseNamesAreNoUtf8) {
-  folder_.Write("\xE4.001", "one");
-  Press("Divide", "Join");
-  const auto& files = Files("Fjoin");
-  const QRect row = files.visualRect(files.model()->index(0, 0));
-  QTest::mouseClick(files.viewport(), Qt::LeftButton, {}, row.center());
-  Type("Fjoin", "Dest", "all");
-  Press("Fjoin", "ActionB");
-  Press("Dialog", "OKButton");
-  Wait([this] { return Told("Join successful"); });
-  EXPECT_EQ(ReadFile(folder_ / "all"), "one");
-}
-
 TEST_F(SplitJoinTool, LetsAConfirmedJobWaitUntilItMayRun) {
   bool editing = true;
   tool_.mayRun = [&editing] { return !editing; };
@@ -254,6 +150,29 @@ TEST_F(SplitJoinTool, LetsAConfirmedJobWaitUntilItMayRun) {
   EXPECT_THAT(folder_.Names(), ElementsAre("part.000", "part.001"));
 }
 
+TEST_F(SplitJoinTool, RunsNoJobWhoseQuestionIsNotAnswered) {
+  bool editing = true;
+  tool_.mayRun = [&editing] { return !editing; };
+  folder_.Write("a.001", "one");
+  folder_.Write("all", "old");
+  Press("Divide", "Split");
+  Type("Fsel", "Ftext", "part");
+  Press("Fsel", "ActionB");
+  Press("Dialog", "OKButton");
+  Press("Divide", "Join");
+  Type("Fjoin", "Ftext", "a.001");
+  Type("Fjoin", "Dest", "all");
+  Press("Fjoin", "ActionB");
+  editing = false;
+  QTest::qWait(80);
+  EXPECT_TRUE(Visible("Dialog"));
+  EXPECT_THAT(folder_.Names(), ElementsAre("a.001", "all"));
+  EXPECT_EQ(ReadFile(folder_ / "all"), "old");
+  Press("Dialog", "OKButton");
+  Wait([this] { return Told("Join successful"); });
+  EXPECT_EQ(ReadFile(folder_ / "all"), "one");
+}
+
 TEST_F(SplitJoinTool, HelpsUnderTheTitleOfTheHelpButton) {
   Press("Divide", "Split");
   Press("Fsel", "HelpSJ");
@@ -263,6 +182,12 @@ TEST_F(SplitJoinTool, HelpsUnderTheTitleOfTheHelpButton) {
   EXPECT_TRUE(text.isReadOnly());
   EXPECT_EQ(text.toPlainText().remove(QLatin1Char('\r')),
             bwp::FromCodePage(bwp::SplitJoinHelp()).remove(QLatin1Char('\r')));
+  Form("Helpsplit")->hide();
+  Form("Helpsplit")->setWindowTitle(QString());
+  Press("Divide", "Join");
+  Press("Fjoin", "HelpSJ");
+  EXPECT_TRUE(Visible("Helpsplit"));
+  EXPECT_EQ(Form("Helpsplit")->windowTitle(), QStringLiteral("Split & Join Help"));
   const bwp::Helpsplit fresh(nullptr);
   EXPECT_EQ(fresh.windowTitle(), QStringLiteral("Split and Join Help"));
 }
