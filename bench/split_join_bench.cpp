@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -64,6 +65,7 @@ double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
+// Throws when the command fails: what is measured then is worth nothing.
 void Shell(const std::string& command) {
   const pid_t child = fork();
   if (child == 0) {
@@ -71,8 +73,7 @@ void Shell(const std::string& command) {
     std::_Exit(127);
   }
   int status = 0;
-  if (waitpid(child, &status, 0) != child || status != 0)
-    std::fprintf(stderr, "failed: %s\n", command.c_str());
+  if (waitpid(child, &status, 0) != child || status != 0) throw std::runtime_error("failed: " + command);
 }
 
 // A folder whose path holds no digit, with a source file of random bytes in it.
@@ -164,7 +165,12 @@ void MeasurePlan() {
 int main(int argc, char** argv) {
   if (std::getenv("DISPLAY") == nullptr) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  MeasurePlan();
-  MeasureJobs(argc > 1 ? std::max(1L, std::atol(argv[1])) : 1024);
+  try {
+    MeasurePlan();
+    MeasureJobs(argc > 1 ? std::max(1L, std::atol(argv[1])) : 1024);
+  } catch (const std::runtime_error& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
   return 0;
 }
