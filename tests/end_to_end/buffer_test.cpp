@@ -74,6 +74,49 @@ TEST_F(Buffer, TheMenuOfThePageMarksTheByteUnderTheMouse) {
   ExpectText("Mark End, decimal", "2.999");
 }
 
+TEST_F(Buffer, CopiesCutsAndInsertsWhatIsMarked) {
+  Mark(100, 299);
+  const std::string chunk = original_.substr(100, 200);
+  ClickOn("Copy Chunk to Buffer");
+  ExpectBuffer("200");
+  EXPECT_EQ(ReadFile(File("a.bin")), original_);
+
+  Mark(1000, 1999);
+  const std::string cut = original_.substr(0, 1000) + original_.substr(2000);
+  ClickOn("Cut Chunk to Buffer");
+  ExpectBuffer("1.000");
+  ExpectFile("a.bin", cut);
+  ExpectTitle("Bytes = 2.000 , 000007D0");
+
+  Mark(500, 600);
+  ClickOn("Insert Buffer before Mark Start");
+  Answer("Bytewarp", "Insert Successful");
+  const std::string before = cut.substr(0, 500) + original_.substr(1000, 1000) + cut.substr(500);
+  ExpectFile("a.bin", before);
+
+  Choose("Chunk", "Insert after Mark Start");
+  Answer("Bytewarp", "Insert Successful");
+  const std::string after = before.substr(0, 501) + original_.substr(1000, 1000) + before.substr(501);
+  ExpectFile("a.bin", after);
+
+  Choose("Chunk", "Append");
+  Answer("Bytewarp", "Insert Successful");
+  ExpectFile("a.bin", after + original_.substr(1000, 1000));
+  EXPECT_EQ(Quit(), 0) << Output();
+  EXPECT_EQ(desktop_.Files().Names(), (std::vector<std::string>{"Bytewarp.cfg", "a.bin"}));
+}
+
+TEST_F(Buffer, TheShortcutsCopyAndCut) {
+  Mark(0, 9);
+  // In a field the keys belong to the field.
+  ClickOn("Goto Mark Start position");
+  desktop_.Key("ctrl+c");
+  ExpectBuffer("10");
+  desktop_.Key("ctrl+x");
+  ExpectTitle("Bytes = 2.990 , ");
+  ExpectFile("a.bin", original_.substr(10));
+}
+
 TEST_F(Buffer, AnInsertOfAnEmptyBufferIsReportedAndLeavesTheFile) {
   ClickOn("Insert Buffer before Mark Start");
   ExpectWindow("Bytewarp");
