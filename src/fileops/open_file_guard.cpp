@@ -1,8 +1,11 @@
 #include "fileops/open_file_guard.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <optional>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -46,13 +49,31 @@ std::vector<std::string> EntriesOnTheWay(const std::string& path) {
   return entries;
 }
 
+// A folder that is mounted twice has two spellings, so the folders themselves are compared.
+bool IsSameEntry(const std::string& one, const std::string& other) {
+  if (one == other) return true;
+  const std::optional<FileIdentity> folder = IdentityOf(funzioni::FolderOf(one));
+  return folder && folder == IdentityOf(funzioni::FolderOf(other)) &&
+         funzioni::NameOf(one) == funzioni::NameOf(other);
+}
+
+// Where upper and lower case name the same file, the last name of all can be spelt in many ways.
+bool IsOnlyNameOfOpenFile(const ViewState& state, const std::string& path) {
+  struct stat status = {};
+  return state.file.IsOpen() && lstat(path.c_str(), &status) == 0 && status.st_nlink == 1 &&
+         state.file.Identity() == FileIdentity{status.st_dev, status.st_ino};
+}
+
 }  // namespace
 
 void RefuseToDeleteOpenFile(const ViewState& state, const std::string& path) {
   if (state.OpenFile.empty()) return;
   const std::string doomed = EntryOf(path);
-  for (const std::string& entry : EntriesOnTheWay(state.OpenFile)) {
-    if (entry == doomed) throw MakeRunTimeError(kPermissionDenied, path);
+  const std::vector<std::string> guarded = EntriesOnTheWay(state.OpenFile);
+  if (IsOnlyNameOfOpenFile(state, path) ||
+      std::any_of(guarded.begin(), guarded.end(),
+                  [&](const std::string& entry) { return IsSameEntry(entry, doomed); })) {
+    throw MakeRunTimeError(kPermissionDenied, path);
   }
 }
 

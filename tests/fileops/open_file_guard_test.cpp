@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "support/child.h"
 #include "support/temp_folder.h"
 #include "viewer/open_view_file.h"
 #include "viewer/run_time_error.h"
@@ -57,6 +58,29 @@ TEST_F(OpenFileGuard, KeepsTheLinkThatTheFileWasOpenedByAndItsTarget) {
   EXPECT_FALSE(MayDelete(folder / "symbolic"));
   EXPECT_FALSE(MayDelete(folder / "open"));
   EXPECT_TRUE(MayDelete(folder / "hard"));
+}
+
+TEST_F(OpenFileGuard, KnowsTheFileByAnotherMountOfItsFolder) {
+  const bwp::test::TempFolder mounted;
+  bwp::test::InOwnMounts([&] {
+    bwp::test::MountOnto(folder.Path(), mounted.Path());
+    EXPECT_FALSE(MayDelete(mounted / "open"));
+    EXPECT_TRUE(MayDelete(mounted / "symbolic"));
+    EXPECT_TRUE(MayDelete(mounted / "hard"));
+    EXPECT_TRUE(MayDelete(mounted / "other"));
+    bwp::OpenViewFile(state, mounted / "symbolic");
+    EXPECT_FALSE(MayDelete(folder / "symbolic"));
+    EXPECT_FALSE(MayDelete(folder / "open"));
+  });
+}
+
+TEST_F(OpenFileGuard, KeepsTheLastNameHoweverItIsSpelt) {
+  ASSERT_EQ(unlink((folder / "hard").c_str()), 0);
+  bwp::test::InOwnMounts([&] {
+    // As on a disk where upper and lower case name the same file.
+    bwp::test::MountOnto(folder / "open", folder / "other");
+    EXPECT_FALSE(MayDelete(folder / "other"));
+  });
 }
 
 TEST_F(OpenFileGuard, HasNothingToGuardWithoutAnOpenFile) {
