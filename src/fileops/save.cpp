@@ -38,8 +38,15 @@ class HalfWritten {
   bool failed_ = true;
 };
 
+// A link to nothing would have the new file made elsewhere, where a failed save would leave half of it.
+bool IsLinkToNothing(const std::string& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && stat(path.c_str(), &status) != 0 &&
+         errno == ENOENT;
+}
+
 void DeleteOld(const ViewState& state, const Disk& disk, const std::string& path) {
-  if (!funzioni::FileExists(path)) return;
+  if (!funzioni::FileExists(path) && !IsLinkToNothing(path)) return;
   RefuseToDeleteOpenFile(state, path);
   if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
@@ -73,6 +80,8 @@ void SaveAndShow(ViewState& state, Services& services, const SaveTask& task, con
     ReopenViewFile(state);
   }
   services.progress.ClearAbort();
+  // Whatever was being typed into, what is shown now must be the file that is open now.
+  state.FieldTyping = false;
   Refresh(state, services.display);
 }
 

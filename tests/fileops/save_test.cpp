@@ -232,6 +232,38 @@ TEST(Save, OfAFileThatAnotherProgramCutShortTellsAndShowsItAnew) {
   EXPECT_EQ(place.state.FLen, 5);
 }
 
+TEST(Save, OverALinkToNothingReplacesTheLink) {
+  SavePlace place("0123456789");
+  std::filesystem::create_symlink("elsewhere", place.folder / "link");
+  place.SaveAs("link");
+  EXPECT_FALSE(std::filesystem::is_symlink(place.folder / "link"));
+  EXPECT_EQ(ReadFile(place.folder / "link"), "0123456789");
+  EXPECT_EQ(place.folder.Names(), (std::vector<std::string>{"data", "link"}));
+}
+
+TEST(Save, OverALinkToNothingLeavesNoHalfFileBehindIt) {
+  SavePlace place(PatternBytes(3 * kBlock));
+  std::filesystem::create_symlink("elsewhere", place.folder / "link");
+  place.progress.onEvents = [&] { place.folder.Write("data", "short"); };
+  EXPECT_EQ(ErrorOf([&] { place.SaveAs("link"); }).number, 62);
+  EXPECT_EQ(place.folder.Names(), std::vector<std::string>{"data"});
+}
+
+TEST(Save, AsShowsTheCopyAlsoWhenAFieldIsBeingTypedInto) {
+  SavePlace place("0123456789");
+  place.state.FieldTyping = true;
+  place.SaveAs("copy");
+  EXPECT_EQ(place.Story().back(), "refresh");
+  EXPECT_FALSE(place.state.FieldTyping);
+}
+
+TEST(Save, AsOfAnEmptyFileTellsThatThereIsNoByteAndMakesNoFile) {
+  SavePlace place("");
+  place.SaveAs("copy");
+  EXPECT_EQ(place.Story(), Transcript{"tell [Error !] The chunk holds no byte of the file (x)"});
+  EXPECT_EQ(place.folder.Names(), std::vector<std::string>{"data"});
+}
+
 TEST(Save, OfAFileThatShrinksMeanwhileIsError62AndLeavesNoHalfFile) {
   SavePlace place(PatternBytes(3 * kBlock));
   place.progress.onEvents = [&] { place.folder.Write("data", "short"); };
