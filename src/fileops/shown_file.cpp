@@ -16,6 +16,7 @@ bool HoldsWhatIsShown(const ViewState& state, const FileVersion& version) {
 void TellChanged(ViewState& state, Services& services) {
   services.notices.Tell("The file was changed by another program", kErrorTitle, Notices::Icon::kCritical);
   ReopenViewFile(state);
+  if (state.file.Length() > kMaxFileLength) TellTooLarge(services.notices);
   Refresh(state, services.display);
 }
 

@@ -13,7 +13,8 @@ bool IsAsShown(const ViewState& state, const FileVersion& version);
 /// It is the same file and no shorter than shown: its bytes may be copied.
 bool HoldsWhatIsShown(const ViewState& state, const FileVersion& version);
 
-/// Tells that it was changed and shows it as it is now. Throws the platform's file error.
+/// Tells that it was changed and shows it as it is now; what it holds past the limit is told and not shown.
+/// Throws the platform's file error.
 void TellChanged(ViewState& state, Services& services);
 
 /// Tells that the chunk lies past the end of the file.

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "viewer/number_text.h"
 #include "viewer/paths.h"
 
 namespace bwp {
@@ -10,7 +11,8 @@ namespace {
 // The handle, the length and an empty grid: what opening and re-opening have in common.
 void TakeFile(ViewState& state) {
   state.file.Open(state.OpenFile);
-  state.FLen = state.file.Length();
+  // It may have grown past what can be shown since somebody looked.
+  state.FLen = funzioni::MinOf({state.file.Length(), kMaxFileLength});
   state.tabe.Clear();
   state.hit = {};
   ++state.openings;
@@ -54,10 +56,6 @@ void TellTooLarge(Notices& notices) {
 void FitThumb(ViewState& state, double trackHeight) {
   state.thumb.Fit(state.FLen, trackHeight);
   state.thumb.top = state.thumb.TopOf(state.SWStart);
-}
-
-void CloseViewFile(ViewState& state) {
-  state.file.Close();
 }
 
 }  // namespace bwp

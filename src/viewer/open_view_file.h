@@ -12,7 +12,8 @@ namespace bwp {
 void OpenViewFile(ViewState& state, const std::string& path);
 
 /// Opens OpenFile anew after the program changed it: handle, length and thumb are renewed, the marks and the
-/// page start stay. Throws the platform's file error.
+/// page start stay. Of a file longer than kMaxFileLength the beginning is shown. Throws the platform's file
+/// error.
 void ReopenViewFile(ViewState& state);
 
 /// What opening a path would meet.
@@ -30,8 +31,5 @@ void TellTooLarge(Notices& notices);
 
 /// Sizes the thumb for the open file in a track of that inner height (form units) and moves it to the page.
 void FitThumb(ViewState& state, double trackHeight);
-
-/// Closes the open file's handle, so that the file can be replaced.
-void CloseViewFile(ViewState& state);
 
 }  // namespace bwp
