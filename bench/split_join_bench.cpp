@@ -130,7 +130,7 @@ void MeasureJobs(std::int64_t mebibytes) {
     job = {true, bwp::kJoinAction, "\"part.000\"", place.Folder() + "result"};
     join.push_back(Milliseconds([&] { worker.Tick(); }));
     if (round == 0) Shell("cmp " + place.Source() + " " + place.Folder() + "result");
-    bwp::CloseViewFile(state);
+    state.file.Close();
     place.Remove("result");
     place.Remove("part.*");
   }

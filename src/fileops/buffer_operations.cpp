@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "fileops/file_system.h"
+#include "fileops/open_file_guard.h"
 #include "fileops/replace_file.h"
 #include "fileops/shown_file.h"
 #include "fileops/temporary_file.h"
@@ -102,6 +103,12 @@ void WriteWithBuffer(const ViewState& state, Progress& progress, ReadStream& old
   output.Close();
 }
 
+// After a rewrite that had to leave its content there, the open file may be the temporary file itself.
+ScratchFile OpenTemporaryFileFor(const ViewState& state, const Disk& disk) {
+  RefuseToOverwriteOpenFile(state, TemporaryPath());
+  return OpenTemporaryFile(disk);
+}
+
 bool WouldBeTooLarge(const ViewState& state) {
   return state.FLen + static_cast<std::int64_t>(state.BufferData.size()) > kMaxFileLength;
 }
@@ -109,13 +116,13 @@ bool WouldBeTooLarge(const ViewState& state) {
 // Shows the file under the name that it has now. The message names the cause in two spellings.
 void ShowRewritten(ViewState& state, Services& services, FileReplacement::Outcome outcome,
                    const std::string& cause) {
-  const std::string newPath = state.OpenFile + ".new";
-  if (outcome == FileReplacement::Outcome::kStandsAsNew) state.OpenFile = newPath;
-  ReopenViewFile(state);
   if (outcome == FileReplacement::Outcome::kStandsAsNew) {
+    const std::string newPath = state.OpenFile + ".new";
     services.notices.Tell("There is a SYSTEM ERROR " + cause +
                           " by windows preview!  Your file has been renamed as '" + newPath + "'");
+    state.OpenFile = newPath;
   }
+  ReopenViewFile(state);
   Refresh(state, services.display);
 }
 
@@ -157,7 +164,7 @@ void CutChunk(ViewState& state, Services& services) {
   if (!IsAsShown(state, replacement.Old())) return TellChanged(state, services);
   if (state.MarkStart > LastByteOf(state)) return TellNoByte(services.notices);
 
-  ScratchFile temporary = OpenTemporaryFile(services.disk);
+  ScratchFile temporary = OpenTemporaryFileFor(state, services.disk);
   std::string chunk;
   WriteWithoutChunk(state, progress, old, temporary.Writer(), chunk);
   replacement.Prepare(progress, temporary);
@@ -169,7 +176,6 @@ void CutChunk(ViewState& state, Services& services) {
     return;
   }
 
-  CloseViewFile(state);
   const FileReplacement::Outcome outcome = replacement.Commit();
   if (outcome == FileReplacement::Outcome::kTargetChanged) {
     replacement.Discard(temporary);
@@ -179,6 +185,7 @@ void CutChunk(ViewState& state, Services& services) {
   state.BufferData = std::move(chunk);
   state.BufferIsCut = true;
   replacement.SyncFolder();
+  temporary.Release();
   ShowRewritten(state, services, outcome, "cause");
   progress.ClearAbort();
 }
@@ -192,7 +199,7 @@ void InsertBuffer(ViewState& state, Services& services, const std::string& mode)
 
   progress.SetCaption("Insert Buffer");
   progress.Show();
-  ScratchFile temporary = OpenTemporaryFile(services.disk);
+  ScratchFile temporary = OpenTemporaryFileFor(state, services.disk);
   WriteWithBuffer(state, progress, old, temporary.Writer(), PlaceOf(state, mode));
   replacement.Prepare(progress, temporary);
   progress.Hide();
@@ -203,13 +210,13 @@ void InsertBuffer(ViewState& state, Services& services, const std::string& mode)
     return;
   }
 
-  CloseViewFile(state);
   const FileReplacement::Outcome outcome = replacement.Commit();
   if (outcome == FileReplacement::Outcome::kTargetChanged) {
     replacement.Discard(temporary);
     return TellChanged(state, services);
   }
   replacement.SyncFolder();
+  temporary.Release();
   ShowRewritten(state, services, outcome, "caused");
   services.notices.Tell("Insert Successful");
   progress.ClearAbort();

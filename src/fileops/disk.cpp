@@ -53,12 +53,20 @@ int Disk::SetAttribute(int descriptor, const char* name, const void* value, std:
   return fsetxattr(descriptor, name, value, size, 0);
 }
 
+int Disk::RemoveAttribute(int descriptor, const char* name) const {
+  return fremovexattr(descriptor, name);
+}
+
 int Disk::Rename(const std::string& from, const std::string& to) const {
   return std::rename(from.c_str(), to.c_str());
 }
 
 int Disk::RenameNew(const std::string& from, const std::string& to) const {
   return renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+}
+
+int Disk::Link(const std::string& from, const std::string& to) const {
+  return link(from.c_str(), to.c_str());
 }
 
 int Disk::Delete(const std::string& path) const {

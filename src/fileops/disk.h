@@ -26,9 +26,12 @@ class Disk {
   virtual int ChangeMode(int descriptor, mode_t mode) const;
   virtual int ChangeOwner(int descriptor, uid_t owner, gid_t group) const;
   virtual int SetAttribute(int descriptor, const char* name, const void* value, std::size_t size) const;
+  virtual int RemoveAttribute(int descriptor, const char* name) const;
   virtual int Rename(const std::string& from, const std::string& to) const;
   /// renameat2(2) with RENAME_NOREPLACE: fails with EEXIST where `to` stands already.
   virtual int RenameNew(const std::string& from, const std::string& to) const;
+  /// link(2): a further name for the file; fails with EEXIST where `to` stands already.
+  virtual int Link(const std::string& from, const std::string& to) const;
   virtual int Delete(const std::string& path) const;
 };
 

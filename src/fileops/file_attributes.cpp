@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <string>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <vector>
@@ -12,6 +13,7 @@
 namespace bwp {
 namespace {
 
+constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr auto kUnchanged = static_cast<uid_t>(-1);
 
 struct Files {
@@ -64,9 +66,14 @@ bool ReadWhole(std::vector<char>& bytes, Read read) {
   }
 }
 
+// Needs the right to write, as the content itself does.
+bool IsOfContent(const std::string& name) {
+  return name.starts_with("user.");
+}
+
 // The rest is the system's: labels that only it may set, or that another file system has not got.
 bool BelongsToTheUser(const std::string& name) {
-  return name.starts_with("user.") || name.find("acl") != std::string::npos;
+  return IsOfContent(name) || name.find("acl") != std::string::npos;
 }
 
 void CopyAttribute(const Files& files, const std::string& name) {
@@ -82,25 +89,41 @@ void CopyAttribute(const Files& files, const std::string& name) {
   if (!done && !(refused && !BelongsToTheUser(name))) Require(false, files);
 }
 
-void CopyExtendedAttributes(const Files& files) {
-  std::vector<char> names;
+std::vector<std::string> AttributeNames(const Files& files) {
+  std::vector<char> list;
   const bool read =
-      ReadWhole(names, [&](char* bytes, std::size_t size) { return flistxattr(files.from, bytes, size); });
-  if (!read && errno == ENOTSUP) return;
+      ReadWhole(list, [&](char* bytes, std::size_t size) { return flistxattr(files.from, bytes, size); });
+  if (!read && errno == ENOTSUP) return {};
   Require(read, files);
-  for (std::size_t start = 0; start < names.size();) {
-    const std::string name(names.data() + start, strnlen(names.data() + start, names.size() - start));
-    CopyAttribute(files, name);
-    start += name.size() + 1;
+  std::vector<std::string> names;
+  for (std::size_t start = 0; start < list.size(); start += names.back().size() + 1) {
+    names.emplace_back(list.data() + start, strnlen(list.data() + start, list.size() - start));
   }
+  return names;
+}
+
+// A folder may give each new file an access list, which would let in people whom the old file keeps out.
+void RemoveInheritedAccessList(const Files& files) {
+  if (fgetxattr(files.to, kAccessList, nullptr, 0) < 0) return;
+  const int result = Uninterrupted([&] { return files.disk.RemoveAttribute(files.to, kAccessList); });
+  Require(result == 0 || errno == ENODATA, files);
 }
 
 }  // namespace
 
 void CopyAttributes(const Disk& disk, int from, int to, const std::string& path) {
   const Files files{disk, from, to, path};
+  const std::vector<std::string> names = AttributeNames(files);
+  RemoveInheritedAccessList(files);
+  // A file that the mode makes read-only takes no more of the user's attributes; a change of owner or mode
+  // takes away, or changes, what the system keeps in the others.
+  for (const std::string& name : names) {
+    if (IsOfContent(name)) CopyAttribute(files, name);
+  }
   CopyOwnerAndMode(files);
-  CopyExtendedAttributes(files);
+  for (const std::string& name : names) {
+    if (!IsOfContent(name)) CopyAttribute(files, name);
+  }
 }
 
 }  // namespace bwp

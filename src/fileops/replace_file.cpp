@@ -20,6 +20,23 @@ FileVersion VersionFrom(const struct stat& status) {
   return {{status.st_dev, status.st_ino}, status.st_size, status.st_mtim};
 }
 
+// Where a rename leads to: one mount of one file system. Older systems tell file systems apart only.
+struct Mount {
+  std::uint32_t deviceMajor, deviceMinor;
+  std::uint64_t number;
+  friend bool operator==(const Mount&, const Mount&) = default;
+};
+
+Mount MountOf(const std::string& folder) {
+  struct statx status = {};
+  if (statx(AT_FDCWD, folder.empty() ? "." : folder.c_str(), 0, STATX_BASIC_STATS | STATX_MNT_ID, &status) !=
+      0) {
+    throw RunTimeErrorFromErrno(errno, folder);
+  }
+  const bool known = (status.stx_mask & STATX_MNT_ID) != 0;
+  return {status.stx_dev_major, status.stx_dev_minor, known ? status.stx_mnt_id : 0};
+}
+
 std::string Resolved(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr), &std::free);
   if (!resolved) throw RunTimeErrorFromErrno(errno, path);
@@ -53,12 +70,7 @@ void FileReplacement::Prepare(Progress& progress, ScratchFile& content) {
   if (progress.Aborted()) return;
   content_ = &content;
   const std::string folder = funzioni::FolderOf(target_);
-  struct stat here = {};
-  struct stat there = {};
-  if (stat(folder.c_str(), &there) != 0 || fstat(content.Descriptor(), &here) != 0) {
-    throw RunTimeErrorFromErrno(errno, target_);
-  }
-  if (here.st_dev != there.st_dev) {
+  if (MountOf(folder) != MountOf(funzioni::FolderOf(content.Path()))) {
     Stage(folder, &progress);
   } else {
     // The long wait for the disk comes before the mode that may let others read it.
@@ -80,6 +92,7 @@ void FileReplacement::Stage(const std::string& folder, Progress* progress) {
   const std::int64_t length = content_->Length();
   if (progress != nullptr && length > 0) {
     FileSystem::StreamCopy(*progress, input, output, length);
+    progress->SetBar(0);
     if (progress->Aborted()) return;
   } else {
     output.WriteFrom(input, static_cast<std::size_t>(length));
@@ -95,19 +108,29 @@ void FileReplacement::Finish(const ScratchFile& file) const {
 
 FileReplacement::Outcome FileReplacement::Commit() {
   if (TargetChanged()) return Outcome::kTargetChanged;
-  const int refusal = Move(target_, true);
-  if (refusal == 0) return Outcome::kReplaced;
-  if (!IsNameRefused(refusal)) throw RunTimeErrorFromErrno(refusal, old_.Path());
-
   const std::string newPath = old_.Path() + ".new";
-  const int failure = Move(newPath, false);
-  if (failure == 0) return Outcome::kStandsAsNew;
-  RunTimeError error = RunTimeErrorFromErrno(failure, newPath);
-  if (failure == EEXIST) {
-    content_->Leave();
+  const std::optional<int> refusal = Move(target_, true);
+  if (!refusal) return Outcome::kTargetChanged;
+  if (*refusal == 0) return Outcome::kReplaced;
+  if (!IsNameRefused(*refusal)) throw RunTimeErrorFromErrno(*refusal, old_.Path());
+
+  const std::optional<int> failure = Move(newPath, false);
+  if (!failure) return Outcome::kTargetChanged;
+  if (*failure == 0) return Outcome::kStandsAsNew;
+  RunTimeError error = RunTimeErrorFromErrno(*failure, newPath);
+  if (*failure == EEXIST) {
+    KeepContent();
     error.note = "The new content is kept in " + content_->Path();
   }
   throw error;
+}
+
+// As a temporary file is: what the old file's owner and mode would lock away, the user could neither read nor
+// ever get rid of. A refusal changes nothing about the error that is on its way.
+void FileReplacement::KeepContent() {
+  content_->Leave();
+  disk_.ChangeOwner(content_->Descriptor(), geteuid(), getegid());
+  disk_.ChangeMode(content_->Descriptor(), S_IRUSR | S_IWUSR);
 }
 
 bool FileReplacement::TargetChanged() const {
@@ -116,23 +139,36 @@ bool FileReplacement::TargetChanged() const {
          Resolved(old_.Path()) != target_;
 }
 
-// Zero or the system's error number. Two mounts of one file system show only now that no rename leads across.
-int FileReplacement::Move(const std::string& to, bool overwrite) {
-  int error = TryMove(to, overwrite);
-  if (error == EXDEV) {
-    Stage(funzioni::FolderOf(to), nullptr);
-    error = TryMove(to, overwrite);
-  }
-  return error;
+// Zero or the system's error number; nothing when the target was changed meanwhile. A link may stand on
+// another file system than its target, and some systems show only now that no rename leads across.
+std::optional<int> FileReplacement::Move(const std::string& to, bool overwrite) {
+  const int error = TryMove(to, overwrite);
+  if (error != EXDEV) return error;
+  Stage(funzioni::FolderOf(to), nullptr);
+  if (TargetChanged()) return std::nullopt;
+  return TryMove(to, overwrite);
 }
 
 int FileReplacement::TryMove(const std::string& to, bool overwrite) {
   ScratchFile& ready = staged_ ? *staged_ : *content_;
-  const int result = Uninterrupted(
-      [&] { return overwrite ? disk_.Rename(ready.Path(), to) : disk_.RenameNew(ready.Path(), to); });
-  if (result != 0) return errno;
-  ready.Leave();
+  // Nothing may fail between the rename and the caller's taking note of it, so this comes first.
   placed_ = to;
+  const int error = overwrite ? Rename(ready.Path(), to) : RenameNew(ready.Path(), to);
+  if (error == 0) ready.Leave();
+  return error;
+}
+
+int FileReplacement::Rename(const std::string& from, const std::string& to) const {
+  return Uninterrupted([&] { return disk_.Rename(from, to); }) == 0 ? 0 : errno;
+}
+
+// Not every file system can refuse to overwrite while it renames; there a second name is made, which always
+// refuses, and the first one deleted.
+int FileReplacement::RenameNew(const std::string& from, const std::string& to) const {
+  if (Uninterrupted([&] { return disk_.RenameNew(from, to); }) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  if (Uninterrupted([&] { return disk_.Link(from, to); }) != 0) return errno;
+  if (Uninterrupted([&] { return disk_.Delete(from); }) != 0) disk_.Delete(from);
   return 0;
 }
 

@@ -62,8 +62,11 @@ class FileReplacement {
   bool TargetChanged() const;
   void Stage(const std::string& folder, Progress* progress);
   void Finish(const ScratchFile& file) const;
-  int Move(const std::string& to, bool overwrite);
+  void KeepContent();
+  std::optional<int> Move(const std::string& to, bool overwrite);
   int TryMove(const std::string& to, bool overwrite);
+  int Rename(const std::string& from, const std::string& to) const;
+  int RenameNew(const std::string& from, const std::string& to) const;
 
   const Disk& disk_;
   const FileSystem::ReadStream& old_;

@@ -29,9 +29,14 @@ ScratchFile::ScratchFile(ScratchFile&& other) noexcept
       ours_(std::exchange(other.ours_, false)) {}
 
 ScratchFile::~ScratchFile() {
+  Release();
+}
+
+void ScratchFile::Release() {
   // Once more after a failure: what is left lying here takes up the disk for good.
   if (ours_ && disk_->Delete(path_) != 0 && errno != ENOENT) disk_->Delete(path_);
-  if (descriptor_ >= 0) disk_->Close(descriptor_);
+  ours_ = false;
+  if (descriptor_ >= 0) disk_->Close(std::exchange(descriptor_, -1));
 }
 
 ScratchFile ScratchFile::Create(const Disk& disk, const std::string& prefix) {

@@ -32,6 +32,8 @@ class ScratchFile {
   void Sync() const;
   /// Deletes it now. Throws the platform's file error.
   void Delete();
+  /// Ends it before this object does: deletes it if it is still ours and gives up its lock.
+  void Release();
   /// The file is no longer ours to delete: it has its own name now, or is to stay.
   void Leave() { ours_ = false; }
   /// It is ours to delete again.

@@ -65,13 +65,33 @@ void Lock(const Disk& disk, ScratchFile& file) {
   throw RunTimeErrorFromErrno(errno, file.Path());
 }
 
-// Nothing when another copy of the program moved or deleted the file between the steps. Until it is locked
-// and looked at again it must not be touched: it may have become the file that the other copy rewrote.
+// A rewrite that was cut off may have given it a mode that lets not even its owner write. False when it
+// cannot be looked at either.
+bool MakeWritable(const Disk& disk, const std::string& path) {
+  const int descriptor =
+      Uninterrupted([&] { return disk.Open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK, kUserOnly); });
+  if (descriptor < 0) return false;
+  ScratchFile file(disk, path, descriptor);
+  file.Leave();
+  RefuseUnlessTheUsersOwn(file);
+  // Another copy of the program may be about to rename it, with just this mode.
+  Lock(disk, file);
+  if (StillHasItsName(file) && Uninterrupted([&] { return disk.ChangeMode(descriptor, kUserOnly); }) != 0) {
+    throw RunTimeErrorFromErrno(errno, path);
+  }
+  return true;
+}
+
+// Nothing when it takes another attempt: another copy of the program moved or deleted the file between the
+// steps, or it had to be made writable first. Until it is locked and looked at again it must not be touched: it
+// may have become the file that the other copy rewrote.
 std::optional<ScratchFile> TryOpen(const Disk& disk, const std::string& path) {
   const Opened opened = Open(disk, path);
   if (opened.descriptor < 0) {
-    if (!opened.created && errno == ENOENT) return std::nullopt;
-    throw IsNoFile(errno) ? MakeRunTimeError(kPermissionDenied, path) : RunTimeErrorFromErrno(errno, path);
+    const int error = errno;
+    if (!opened.created && error == ENOENT) return std::nullopt;
+    if (!opened.created && error == EACCES && MakeWritable(disk, path)) return std::nullopt;
+    throw IsNoFile(error) ? MakeRunTimeError(kPermissionDenied, path) : RunTimeErrorFromErrno(error, path);
   }
   ScratchFile file(disk, path, opened.descriptor);
   if (!opened.created) file.Leave();

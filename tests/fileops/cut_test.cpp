@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "fileops/buffer_operations.h"
+#include "fileops/temporary_file.h"
 #include "support/workplace.h"
+#include "viewer/open_view_file.h"
 
 namespace {
 
@@ -101,11 +103,13 @@ TEST(Cut, KeepsThePageStartWhereTheFileStillReaches) {
   EXPECT_EQ(place.state.SWStart, 1024);
 }
 
-TEST(Cut, CancelledAtAnyMomentLeavesFileAndBufferAndNoTemporaryFile) {
+class CancelledCut : public testing::TestWithParam<const char*> {};
+
+TEST_P(CancelledCut, AtAnyMomentLeavesFileAndBufferAndNoTemporaryFile) {
   const std::string bytes = PatternBytes(4 * kBlock + 5);
   const std::string rest = bytes.substr(0, kBlock + 7) + bytes.substr(2 * kBlock + 8);
   for (int round = 1;; ++round) {
-    Workplace place(bytes, Workplace::RealDisk(), kMemory, kMemory);
+    Workplace place(bytes, Workplace::RealDisk(), kMemory, GetParam());
     place.Mark(kBlock + 7, 2 * kBlock + 7);
     place.state.BufferData = "before";
     place.progress.CancelAtEvents(round);
@@ -118,7 +122,7 @@ TEST(Cut, CancelledAtAnyMomentLeavesFileAndBufferAndNoTemporaryFile) {
     EXPECT_EQ(place.temporary.Names(), kNothing);
     if (!cancelled) {
       EXPECT_EQ(place.Bytes(), rest);
-      EXPECT_GE(round, 13);
+      EXPECT_GE(round, GetParam() == std::string(kMemory) ? 13 : 18);
       break;
     }
     EXPECT_EQ(Transcript(story.end() - 4, story.end()),
@@ -132,6 +136,9 @@ TEST(Cut, CancelledAtAnyMomentLeavesFileAndBufferAndNoTemporaryFile) {
     EXPECT_EQ(place.state.BufferData, bytes.substr(kBlock + 7, kBlock + 1));
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, CancelledCut, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, CancelledCut, testing::Values("/var/tmp"));
 
 TEST(Cut, CancelledInTheHeadStillAnnouncesTheOtherSteps) {
   Workplace place("0123456789");
@@ -158,6 +165,65 @@ TEST(Cut, CancelledInTheHeadStillAnnouncesTheOtherSteps) {
                                        "hide",
                                        "tell Cut Aborted",
                                        "clear abort"}));
+}
+
+TEST(Cut, AcrossFileSystemsShowsHowTheNewContentIsBroughtThere) {
+  Workplace place("0123456789", Workplace::RealDisk(), "/var/tmp", kMemory);
+  place.Mark(0, 2);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(), (Transcript{"show",
+                                       "events",
+                                       "caption Step  1 of  2",
+                                       "label Cutting to Buffer from MarkStart to MarkEnd",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "caption Step  2 of  2",
+                                       "label Copying from MarkEnd to end of file",
+                                       "events",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "hide",
+                                       "refresh",
+                                       "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "3456789");
+}
+
+TEST(Cut, OfAFileThatGrewPastTheLimitShowsItsBeginning) {
+  Workplace place("0123456789");
+  place.Mark(0, 1);
+  std::filesystem::resize_file(place.state.OpenFile, 3'000'000'000);
+  for (int times = 0; times < 2; ++times) {
+    CutChunk(place.state, place.services);
+    EXPECT_EQ(
+        place.Story(),
+        (Transcript{"tell [Error !] The file was changed by another program (x)",
+                    "tell [Error !] File is too large (the limit is 2.147.483.647 bytes) (x)", "refresh"}));
+    EXPECT_EQ(place.state.FLen, bwp::kMaxFileLength);
+  }
+  EXPECT_EQ(std::filesystem::file_size(place.state.OpenFile), 3'000'000'000U);
+}
+
+TEST(Cut, OfTheTemporaryFileItselfIsError70AndTheFileIsWhole) {
+  Workplace place("");
+  bwp::OpenViewFile(place.state, place.temporary.Write(std::filesystem::path(bwp::TemporaryPath()).filename(),
+                                                       "0123456789"));
+  place.Mark(0, 1);
+  place.state.BufferData = "xyz";
+  for (const auto& operation : {+[](Workplace& at) { CutChunk(at.state, at.services); },
+                                +[](Workplace& at) { InsertBuffer(at.state, at.services, "app"); }}) {
+    const bwp::RunTimeError error = ErrorOf([&] { operation(place); });
+    EXPECT_EQ(error.number, 70);
+    EXPECT_EQ(error.path, bwp::TemporaryPath());
+    EXPECT_EQ(place.Bytes(), "0123456789");
+  }
 }
 
 TEST(Cut, CancelledWhileStagingAcrossFileSystemsLeavesNothing) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "fileops/buffer_operations.h"
+#include "fileops/temporary_file.h"
 #include "support/workplace.h"
 #include "viewer/open_view_file.h"
 
@@ -18,8 +19,9 @@ const std::vector<std::string> kOnlyTheFile{"data"};
 const std::vector<std::string> kNothing;
 
 struct Filled : Workplace {
-  explicit Filled(std::string_view bytes, std::string buffer = "xyz", const std::string& under = {})
-      : Workplace(bytes, RealDisk(), under, under) {
+  explicit Filled(std::string_view bytes, std::string buffer = "xyz", const std::string& under = {},
+                  const std::string& temporaryUnder = {})
+      : Workplace(bytes, RealDisk(), under, temporaryUnder) {
     state.BufferData = std::move(buffer);
   }
   void Insert(const std::string& mode) { InsertBuffer(state, services, mode); }
@@ -181,12 +183,14 @@ TEST(Insert, OfAnEmptyBufferIsAnArithmeticErrorAndTheFileIsWhole) {
   EXPECT_EQ(place.temporary.Names(), kNothing);
 }
 
-TEST(Insert, CancelledAtAnyMomentLeavesTheFileAndNoTemporaryFile) {
+class CancelledInsert : public testing::TestWithParam<const char*> {};
+
+TEST_P(CancelledInsert, AtAnyMomentLeavesTheFileAndNoTemporaryFile) {
   const std::string bytes = PatternBytes(4 * kBlock + 5);
   const std::string buffer = PatternBytes(kBlock + 1);
   const std::string result = bytes.substr(0, 2 * kBlock) + buffer + bytes.substr(2 * kBlock);
   for (int round = 1;; ++round) {
-    Filled place(bytes, buffer, "/dev/shm");
+    Filled place(bytes, buffer, "/dev/shm", GetParam());
     place.Mark(2 * kBlock, 2 * kBlock);
     place.progress.CancelAtEvents(round);
     place.Insert("bms");
@@ -199,7 +203,7 @@ TEST(Insert, CancelledAtAnyMomentLeavesTheFileAndNoTemporaryFile) {
     EXPECT_EQ(place.state.BufferData, buffer);
     if (!cancelled) {
       EXPECT_EQ(place.Bytes(), result);
-      EXPECT_GE(round, 13);
+      EXPECT_GE(round, GetParam() == std::string("/dev/shm") ? 13 : 19);
       break;
     }
     EXPECT_EQ(Transcript(story.end() - 3, story.end()),
@@ -209,6 +213,50 @@ TEST(Insert, CancelledAtAnyMomentLeavesTheFileAndNoTemporaryFile) {
     place.Insert("bms");
     EXPECT_EQ(place.Bytes(), result);
   }
+}
+
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, CancelledInsert, testing::Values("/dev/shm"));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, CancelledInsert, testing::Values("/var/tmp"));
+
+TEST(Insert, AcrossFileSystemsShowsHowTheNewContentIsBroughtThere) {
+  Filled place("0123456789", "xyz", "/var/tmp", "/dev/shm");
+  place.Insert("app");
+  EXPECT_EQ(place.Story(), (Transcript{"caption Insert Buffer",
+                                       "show",
+                                       "events",
+                                       "caption Insert Buffer, Step  1 of  2",
+                                       "label Copying from  0 to End Of File",
+                                       "events",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "caption Insert Buffer, Step  2 of  2",
+                                       "label Copying Buffer to End Of File",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "events",
+                                       "bar 100",
+                                       "events",
+                                       "bar 0",
+                                       "hide",
+                                       "refresh",
+                                       "tell Insert Successful",
+                                       "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "0123456789xyz");
+}
+
+TEST(Insert, AcrossFileSystemsKeepsNoTemporaryFileWhileItTellsOfItsSuccess) {
+  Filled place("0123456789", "xyz", "/var/tmp", "/dev/shm");
+  bool told = false;
+  place.notices.onTell = [&] {
+    told = true;
+    EXPECT_EQ(place.temporary.Names(), kNothing);
+    const bwp::Disk disk;
+    EXPECT_NO_THROW(bwp::OpenTemporaryFile(disk)) << "the lock is free again";
+  };
+  place.Insert("app");
+  EXPECT_TRUE(told);
 }
 
 TEST(Insert, PastTheLimitIsRefusedBeforeAnythingIsWritten) {

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <sys/file.h>
@@ -66,6 +67,40 @@ TEST_F(TemporaryFile, ThatAnEarlierRunLeftIsEmptiedAndLockedUp) {
   ASSERT_EQ(stat((folder / name).c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 07777U, 0600U);
   EXPECT_EQ(status.st_size, 0);
+}
+
+// What is done as an ordinary user, also when the administrator runs the test.
+void AsOrdinaryUser(const std::string& folder, const std::function<void()>& work) {
+  if (geteuid() != 0) return work();
+  ASSERT_EQ(chown(folder.c_str(), bwp::test::kNobody, bwp::test::kNobody), 0);
+  bwp::test::InChild([&] {
+    bwp::test::BecomeNobody();
+    work();
+  });
+}
+
+TEST_F(TemporaryFile, ThatWasLeftReadOnlyIsEmptiedAllTheSame) {
+  AsOrdinaryUser(folder.Path(), [&] {
+    ASSERT_EQ(
+        chmod(folder.Write(std::filesystem::path(TemporaryPath()).filename(), "left over").c_str(), 0444), 0);
+    const ScratchFile file = OpenTemporaryFile(disk);
+    struct stat status = {};
+    ASSERT_EQ(stat(TemporaryPath().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0600U);
+    EXPECT_EQ(status.st_size, 0);
+  });
+}
+
+TEST_F(TemporaryFile, ThatIsReadOnlyAndInUseIsError70AndKeepsItsMode) {
+  AsOrdinaryUser(folder.Path(), [&] {
+    const ScratchFile theirs = OpenTemporaryFile(disk);
+    ASSERT_EQ(fchmod(theirs.Descriptor(), 0444), 0);
+    EXPECT_EQ(Refusal().number, 70);
+    struct stat status = {};
+    ASSERT_EQ(fstat(theirs.Descriptor(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0444U);
+    EXPECT_EQ(status.st_nlink, 1U);
+  });
 }
 
 TEST_F(TemporaryFile, InAMissingFolderIsError76AndTheFolderIsNotMade) {

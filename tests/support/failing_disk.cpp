@@ -98,12 +98,20 @@ int FailingDisk::SetAttribute(int descriptor, const char* name, const void* valu
   return Fails("set attribute") ? -1 : Disk::SetAttribute(descriptor, name, value, size);
 }
 
+int FailingDisk::RemoveAttribute(int descriptor, const char* name) const {
+  return Fails("remove attribute") ? -1 : Disk::RemoveAttribute(descriptor, name);
+}
+
 int FailingDisk::Rename(const std::string& from, const std::string& to) const {
   return Fails("rename " + to) ? -1 : Disk::Rename(from, to);
 }
 
 int FailingDisk::RenameNew(const std::string& from, const std::string& to) const {
   return Fails("rename new " + to) ? -1 : Disk::RenameNew(from, to);
+}
+
+int FailingDisk::Link(const std::string& from, const std::string& to) const {
+  return Fails("link " + to) ? -1 : Disk::Link(from, to);
 }
 
 int FailingDisk::Delete(const std::string& path) const {

@@ -33,8 +33,10 @@ class FailingDisk : public Disk {
   int ChangeMode(int descriptor, mode_t mode) const override;
   int ChangeOwner(int descriptor, uid_t owner, gid_t group) const override;
   int SetAttribute(int descriptor, const char* name, const void* value, std::size_t size) const override;
+  int RemoveAttribute(int descriptor, const char* name) const override;
   int Rename(const std::string& from, const std::string& to) const override;
   int RenameNew(const std::string& from, const std::string& to) const override;
+  int Link(const std::string& from, const std::string& to) const override;
   int Delete(const std::string& path) const override;
 
  private:

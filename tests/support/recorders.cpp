@@ -40,6 +40,7 @@ void RecordedNotices::Tell(const std::string& text, const std::string& title, Ic
   static const char* const kIcons[] = {"", " (i)", " (!)", " (x)"};
   transcript_.push_back("tell " + (title.empty() ? "" : "[" + title + "] ") + text +
                         kIcons[static_cast<int>(icon)]);
+  if (onTell) onTell();
 }
 
 bool RecordedNotices::Ask(const std::string& question) {

@@ -52,7 +52,8 @@ class RecordedNotices : public Notices {
   void Tell(const std::string& text, const std::string& title, Icon icon) override;
   bool Ask(const std::string& question) override;
 
-  bool answer = true;  ///< What the person answers.
+  bool answer = true;            ///< What the person answers.
+  std::function<void()> onTell;  ///< Runs while a message stands.
 
  private:
   Transcript& transcript_;
