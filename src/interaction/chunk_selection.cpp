@@ -4,7 +4,7 @@
 
 #include "viewer/mark_cells.h"
 #include "viewer/number_text.h"
-#include "viewer/refresh.h"
+#include "viewer/position_entry.h"
 
 namespace bwp {
 namespace {
@@ -51,19 +51,18 @@ bool EnterChunkField(ViewState& state, Display& display, ChunkField field, std::
       TakeSize(state, typed);
       break;
   }
-  state.FieldTyping = false;
-  Refresh(state, display);
+  AbandonTyping(state, display);
   return true;
 }
 
 void GotoMarkStart(ViewState& state, Display& display) {
   state.SWStart = state.MarkStart;
-  Refresh(state, display);
+  AbandonTyping(state, display);
 }
 
 void GotoMarkEnd(ViewState& state, Display& display) {
   state.SWStart = StartOfPageAtMarkEnd(state);
-  Refresh(state, display);
+  AbandonTyping(state, display);
 }
 
 std::int64_t StartOfPageAtMarkEnd(const ViewState& state) {
@@ -82,17 +81,17 @@ void MarkStartAt(ViewState& state, Display& display, PopupCell cell) {
   // A file of one byte leaves no room in front of Mark End; the first byte is the first all the same.
   const std::int64_t start = MinOf({ByteUnder(state, cell), state.FLen - 2, state.MarkEnd - 1});
   MoveMarks(state, MaxOf({0, start}), state.MarkEnd);
-  Refresh(state, display);
+  AbandonTyping(state, display);
 }
 
 void MarkEndAt(ViewState& state, Display& display, PopupCell cell) {
   MoveMarks(state, state.MarkStart, MaxOf({state.MarkStart + 1, 1, ByteUnder(state, cell)}));
-  Refresh(state, display);
+  AbandonTyping(state, display);
 }
 
 void MarkWholeFile(ViewState& state, Display& display) {
   MoveMarks(state, 0, MaxOf({0, state.FLen - 1}));
-  Refresh(state, display);
+  AbandonTyping(state, display);
 }
 
 }  // namespace bwp

@@ -123,6 +123,14 @@ void ScrollBar::LetGo() {
   }
 }
 
+void ScrollBar::Stop() {
+  held_ = Held::kNothing;
+  ThumbDragging_ = false;
+  state_.AutoScroll = false;
+  state_.ScrollStep = 0;
+  timer_.Disable();
+}
+
 // A page up above the thumb, a page down below it, nothing on it.
 std::int32_t ScrollBar::TrackStep(double y) const {
   const ScrollThumb& thumb = state_.thumb;

@@ -49,6 +49,8 @@ class ScrollBar {
 
   /// The window lost the focus: whatever is held is let go.
   void LetGo();
+  /// The bar was disabled: whatever is held or waits is over, without another step.
+  void Stop();
 
  private:
   enum class Held { kNothing, kUp, kDown, kTrack, kThumb };

@@ -262,4 +262,13 @@ RC_GTEST_PROP(ChunkModel, EveryWayToSetAMarkKeepsAtLeastTwoBytesInTheFile, ()) {
   }
 }
 
+TEST(DefaultMark, OfAnEmptyAndOfAOneByteFileIsItsFirstByte) {
+  for (const std::size_t length : {0U, 1U}) {
+    Chunk c(length);
+    c.Marks(7, 9);
+    bwp::MarkWholeFile(c.state, c.display);
+    EXPECT_TRUE(c.MarksAre(0, 0)) << length;
+  }
+}
+
 }  // namespace

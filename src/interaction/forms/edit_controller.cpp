@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QRadioButton>
 
 #include "fileops/shown_file.h"
 #include "interaction/forms/control_switch.h"
@@ -90,9 +89,23 @@ void EditController::EditClicked() {
   }
 }
 
+// Whatever is typed, searched or scrolled when the mode is entered ends, a scrolling that waits for the
+// screen further out in the call included: none of it may move the page, or show it anew, under the edits.
+void EditController::StandStill() {
+  state_.FieldTyping = false;
+  state_.ForceRefresh = false;
+  state_.AutoScroll = false;
+  state_.ScrollStep = 0;
+}
+
 void EditController::Enter(int row, int column) {
   if (!edit_.MayEnter()) return;
-  DisableAll();
+  StandStill();
+  Refresh(state_, services_.display);
+  DisableControls(form_, services_.display);
+  // A key may have been handled meanwhile; what is edited is what stands there.
+  StandStill();
+  state_.SWStart = state_.SWPrev;
   edit_.Enter(row, column);
   edit->setText(QStringLiteral("Save"));
   tabe_.setEnabled(true);
@@ -119,19 +132,10 @@ void EditController::Save() {
 
 void EditController::CancelClicked() {
   edit_.Leave();
-  state_.FieldTyping = false;
-  DisableAll();
+  DisableControls(form_, services_.display);
   EnableAll();
   Refresh(state_, services_.display);
   edit->setText(QStringLiteral("Edit"));
-}
-
-// Disabling must not change the base.
-void EditController::DisableAll() {
-  auto* const hexop = form_.findChild<QRadioButton*>(QStringLiteral("hexop"));
-  const bool hex = hexop != nullptr && hexop->isChecked();
-  DisableControls(form_, services_.display);
-  if (hex) hexop->setChecked(true);
 }
 
 // Outside the mode the grid leaves the mouse to the form behind it, and there is nothing to discard.

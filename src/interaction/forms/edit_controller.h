@@ -38,7 +38,7 @@ class EditController : public QWidget {
   void CancelClicked();
   void Enter(int row, int column);
   void Save();
-  void DisableAll();
+  void StandStill();
   void EnableAll();
   void ShowCurrentCell();
   bool GridKey(const QKeyEvent& event);

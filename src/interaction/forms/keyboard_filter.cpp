@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -43,17 +42,11 @@ bool HasKeysOfItsOwn(const QWidget& widget) {
          qobject_cast<const QMenuBar*>(&widget) != nullptr;
 }
 
-// A click on one of these ends what was being typed: it must show its effect, and the keys must work.
-bool IsButtonOf(const QWidget& window, const QObject* watched) {
-  const auto* const button = qobject_cast<const QAbstractButton*>(watched);
-  return button != nullptr && button->isEnabled() && button->window() == &window;
-}
-
 }  // namespace
 
 KeyboardFilter::KeyboardFilter(ViewState& state, Display& display, ScrollBarWidget& scrollBar,
                                QWidget& window)
-    : state_(state), keys_(state, display, scrollBar.Timer()), scrollBar_(scrollBar), window_(window) {
+    : keys_(state, display, scrollBar.Timer()), scrollBar_(scrollBar), window_(window) {
   window.setFocusPolicy(Qt::ClickFocus);
   window.setFocus();
   QCoreApplication::instance()->installEventFilter(this);
@@ -70,7 +63,6 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event) {
     scrollBar_.TurnWheel(static_cast<const QWheelEvent&>(*event).angleDelta().y());
     return true;
   }
-  if (type == QEvent::MouseButtonPress && IsButtonOf(window_, watched)) state_.FieldTyping = false;
   if (type != QEvent::KeyPress && type != QEvent::KeyRelease) return false;
   if (event == delivering_ || !watched->isWidgetType()) return false;
   auto& receiver = static_cast<QWidget&>(*watched);

@@ -12,8 +12,7 @@ namespace bwp {
 /// The main form's keyboard, whichever of its controls has the focus. A key in a text field reaches the
 /// field first and then the form; elsewhere the form's own keys go to the form alone, so that neither a
 /// button nor a group of options makes something else of them. Also lets go of a held key and of the scroll
-/// bar when the window loses the focus, hands the scroll bar the mouse wheel that nobody else took, and ends
-/// typing at a click on a button.
+/// bar when the window loses the focus, and hands the scroll bar the mouse wheel that nobody else took.
 class KeyboardFilter : public QObject {
  public:
   /// Works as long as it lives; `window` gets the focus, so that the keys work at once.
@@ -27,7 +26,6 @@ class KeyboardFilter : public QObject {
   void Deliver(QWidget& receiver, QKeyEvent& event);
   void LetGoOfKey();
 
-  ViewState& state_;
   KeyboardNavigation keys_;
   ScrollBarWidget& scrollBar_;
   QWidget& window_;

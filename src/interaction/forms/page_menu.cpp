@@ -18,7 +18,8 @@ PageMenu::PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget&
           [this, &display] { MarkEndAt(state_, display, cell_); });
   connect(AddEntry(QStringLiteral("popmdefault"), QStringLiteral("Default Mark")), &QAction::triggered, this,
           [this, &display] { MarkWholeFile(state_, display); });
-  connect(AddEntry(QStringLiteral("popedit"), QStringLiteral("Edit")), &QAction::triggered, this, [this] {
+  popedit_ = AddEntry(QStringLiteral("popedit"), QStringLiteral("Edit"));
+  connect(popedit_, &QAction::triggered, this, [this] {
     if (onEdit) onEdit(cell_);
   });
   window.installEventFilter(this);
@@ -50,20 +51,28 @@ bool PageMenu::MayOpen() const {
 }
 
 bool PageMenu::MousePressed(const QPoint& global) {
-  if (!MayOpen() || tabe_.mapFromGlobal(global).y() <= 0) return false;
+  const QPoint place = tabe_.mapFromGlobal(global);
+  // Right of the grid lie controls that have nothing to do with a byte.
+  if (!MayOpen() || place.y() <= 0 || place.x() >= tabe_.width()) return false;
   // A button leaves the right mouse button to the form behind it, but is no place to point at a byte.
   const QWidget* const under = window_.childAt(window_.mapFromGlobal(global));
   if (qobject_cast<const QAbstractButton*>(under) != nullptr) return false;
   cell_ = ByteCellAt(tabe_, global);
-  popmark_->popup(global);
+  PopUp(global);
   return true;
+}
+
+// An empty file holds nothing to edit.
+void PageMenu::PopUp(const QPoint& global) {
+  popedit_->setEnabled(state_.FLen > 0);
+  popmark_->popup(global);
 }
 
 bool PageMenu::MenuKeyPressed() {
   if (!MayOpen()) return false;
   cell_ = {};
   const QRect cell = tabe_.visualRect(tabe_.model()->index(cell_.row, cell_.column));
-  popmark_->popup(tabe_.viewport()->mapToGlobal(cell.bottomLeft()));
+  PopUp(tabe_.viewport()->mapToGlobal(cell.bottomLeft()));
   popmark_->setActiveAction(popmark_->actions().constFirst());
   return true;
 }

@@ -27,11 +27,13 @@ class PageMenu : public QObject {
   bool MayOpen() const;
   bool MousePressed(const QPoint& global);
   bool MenuKeyPressed();
+  void PopUp(const QPoint& global);
 
   ViewState& state_;
   PageTable& tabe_;
   QWidget& window_;
   QMenu* popmark_;
+  QAction* popedit_ = nullptr;
   PopupCell cell_;  // PopupRow and PopupCol
 };
 

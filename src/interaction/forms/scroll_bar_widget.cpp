@@ -24,24 +24,27 @@ void Name(QWidget& widget, const QString& name, const QString& spoken, const QSt
 }  // namespace
 
 ScrollBarWidget::ScrollBarWidget(ViewState& state, Display& display, QWidget* parent)
-    : QWidget(parent), state_(state), timer_(this), bar_(state, display, timer_) {
-  auto* const VSUP = new LineButton(Qt::UpArrow, this);
-  auto* const VSDW = new LineButton(Qt::DownArrow, this);
+    : QWidget(parent),
+      state_(state),
+      timer_(this),
+      bar_(state, display, timer_),
+      VSUP_(new LineButton(Qt::UpArrow, this)),
+      VSDW_(new LineButton(Qt::DownArrow, this)) {
   VSBack_ = new ScrollTrack(this);
   VSB_ = new ThumbHandle(VSBack_);
-  Name(*VSUP, QStringLiteral("VSUP"), QStringLiteral("Scroll up one line"),
+  Name(*VSUP_, QStringLiteral("VSUP"), QStringLiteral("Scroll up one line"),
        QStringLiteral("Click to scroll Up one line"));
-  Name(*VSDW, QStringLiteral("VSDW"), QStringLiteral("Scroll down one line"),
+  Name(*VSDW_, QStringLiteral("VSDW"), QStringLiteral("Scroll down one line"),
        QStringLiteral("Click to scroll Down one line"));
   Name(*VSBack_, QStringLiteral("VSBack"), QStringLiteral("Scroll one page"),
        QStringLiteral("Click to scroll one page "));
   Name(*VSB_, QStringLiteral("VSB"), QStringLiteral("Scroll thumb"),
        QStringLiteral("Drag to scroll data window"));
 
-  VSUP->onPress = [this] { bar_.PressLine(ScrollBar::Line::kUp); };
-  VSUP->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kUp); };
-  VSDW->onPress = [this] { bar_.PressLine(ScrollBar::Line::kDown); };
-  VSDW->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kDown); };
+  VSUP_->onPress = [this] { bar_.PressLine(ScrollBar::Line::kUp); };
+  VSUP_->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kUp); };
+  VSDW_->onPress = [this] { bar_.PressLine(ScrollBar::Line::kDown); };
+  VSDW_->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kDown); };
   connect(&timer_.Timer(), &QTimer::timeout, this, [this] { bar_.HoldElapsed(); });
   VSBack_->installEventFilter(this);
   VSB_->installEventFilter(this);
@@ -49,16 +52,23 @@ ScrollBarWidget::ScrollBarWidget(ViewState& state, Display& display, QWidget* pa
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(VSUP);
+  column->addWidget(VSUP_);
   column->addWidget(VSBack_, 1);
-  column->addWidget(VSDW);
-  VSUP->setFixedSize(kBarWidth, kBarWidth);
-  VSDW->setFixedSize(kBarWidth, kBarWidth);
+  column->addWidget(VSDW_);
+  VSUP_->setFixedSize(kBarWidth, kBarWidth);
+  VSDW_->setFixedSize(kBarWidth, kBarWidth);
   setFixedWidth(kBarWidth);
 }
 
 void ScrollBarWidget::ShowThumb() {
   VSB_->setGeometry(0, ToPixels(state_.thumb.top), VSBack_->width(), ToPixels(state_.thumb.height));
+}
+
+// The mouse button that held a line button comes up elsewhere, or does no more good.
+void ScrollBarWidget::LetGo() {
+  VSUP_->setDown(false);
+  VSDW_->setDown(false);
+  bar_.LetGo();
 }
 
 void ScrollBarWidget::TurnWheel(int eighths) {
@@ -74,6 +84,7 @@ bool ScrollBarWidget::eventFilter(QObject* watched, QEvent* event) {
   // A disabled part's events pass here as well; they are for the form behind it.
   const bool takesMouse = static_cast<const QWidget*>(watched)->isEnabled();
   if (watched == VSB_) return takesMouse && ThumbMouse(*event);
+  if (event->type() == QEvent::EnabledChange && !takesMouse) bar_.Stop();
   if (event->type() == QEvent::Resize) {
     FitThumb(state_, ToUnits(VSBack_->height()));
     ShowThumb();

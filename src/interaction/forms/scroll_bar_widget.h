@@ -7,6 +7,8 @@
 
 namespace bwp {
 
+class LineButton;
+
 /// The main form's scroll bar: the line buttons `VSUP` and `VSDW`, and between them the track `VSBack` with
 /// the thumb `VSB`. It sizes the thumb to its track itself; ShowThumb puts it where the view state has it.
 class ScrollBarWidget : public QWidget {
@@ -23,7 +25,7 @@ class ScrollBarWidget : public QWidget {
   void TurnWheel(int eighths);
 
   /// The window lost the focus.
-  void LetGo() { bar_.LetGo(); }
+  void LetGo();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -34,6 +36,8 @@ class ScrollBarWidget : public QWidget {
   ViewState& state_;
   QtHoldTimer timer_;
   ScrollBar bar_;
+  LineButton* VSUP_;
+  LineButton* VSDW_;
   QWidget* VSBack_;
   QWidget* VSB_;
   int wheel_ = 0;  // what was turned and is no whole line yet

@@ -9,7 +9,6 @@
 #include "viewer/forms/decimal_box.h"
 #include "viewer/forms/offset_box.h"
 #include "viewer/position_entry.h"
-#include "viewer/refresh.h"
 
 namespace bwp {
 namespace {
@@ -108,7 +107,7 @@ bool PositionPanel::IsHexBox(const QObject* box) const {
 
 void PositionPanel::SetHexMode(bool hex) {
   state_.HexMode = hex;
-  Refresh(state_, display_);
+  AbandonTyping(state_, display_);
 }
 
 bool IsCharacterKey(const QKeyEvent& key) {

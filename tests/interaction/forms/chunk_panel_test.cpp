@@ -154,4 +154,18 @@ TEST(ChunkPanel, TheButtonsGoToTheMarks) {
   EXPECT_EQ(p.state.SWPrev, 2489);
 }
 
+TEST(ChunkPanel, TheGotoButtonsEndTypingHoweverTheyAreWorked) {
+  Panel p(5000);
+  p.Enter("mdstart", "1000");
+  for (QPushButton* const button : {p.panel->Gstart, p.panel->Gend}) {
+    p.Type("mdend", "77");
+    ASSERT_TRUE(p.state.FieldTyping);
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    EXPECT_FALSE(p.state.FieldTyping);
+    EXPECT_EQ(p.TextOf("mdend"), "4.999");
+    EXPECT_EQ(p.state.SWPrev, button == p.panel->Gstart ? 1000 : 4488);
+  }
+}
+
 }  // namespace

@@ -9,14 +9,18 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "interaction/forms/chunk_panel.h"
 #include "interaction/forms/keyboard_filter.h"
 #include "interaction/forms/scroll_bar_widget.h"
+#include "support/failing_disk.h"
 #include "support/forms/interaction_window.h"
 #include "support/recorders.h"
 #include "viewer/forms/position_panel.h"
+#include "viewer/mark_cells.h"
+#include "viewer/number_text.h"
 #include "viewer/refresh.h"
 #include "viewer/run_time_error.h"
 
@@ -82,7 +86,7 @@ struct Form : FileWindow {
   bwp::test::Transcript transcript;
   bwp::test::RecordedNotices notices{transcript};
   bwp::test::RecordedProgress progress{transcript};
-  bwp::Disk disk;
+  bwp::test::FailingDisk disk;
   bwp::Services services{display, progress, notices, disk};
   PageTable* table;
   bwp::ScrollBarWidget* bar;
@@ -135,6 +139,7 @@ TEST(EditController, KeepsTheBaseOfEachKind) {
   for (const bool hex : {true, false}) {
     Form f(5000, hex);
     f.Click(f.edit);
+    EXPECT_EQ(f.Find<QRadioButton>("hexop")->isChecked(), hex);
     f.Click(f.Cancel);
     EXPECT_EQ(f.Find<QRadioButton>("hexop")->isChecked(), hex);
     EXPECT_EQ(f.state.HexMode, hex);
@@ -313,6 +318,137 @@ TEST(EditController, TheNavigationKeysWorkAtOnceAfterwards) {
   f.Click(f.Cancel);
   f.Key(Qt::Key_Down);
   EXPECT_EQ(f.state.SWStart, 16);
+}
+
+// The page in the grid, byte by byte, against the file.
+void ExpectPageOfFile(Form& f) {
+  for (int position = 0; position < bwp::kPageBytes; ++position) {
+    const auto byte =
+        static_cast<unsigned char>(f.bytes[static_cast<std::size_t>(f.state.SWStart + position)]);
+    ASSERT_EQ(f.Text(position / 16, position % 16 + 1), funzioni::HexByte(byte)) << position;
+  }
+}
+
+TEST(EditController, EnteringEndsTypingSearchingAndSteppingAndShowsThePageOfTheViewState) {
+  Form f(5000);
+  f.state.SWStart = 1000;
+  f.state.FieldTyping = true;
+  f.state.ForceRefresh = true;
+  f.state.ScrollStep = 16;
+  f.edit->click();
+  ASSERT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.state.SWStart, 1000);
+  ExpectPageOfFile(f);
+  EXPECT_TRUE(f.state.FieldTyping);
+  EXPECT_FALSE(f.state.ForceRefresh);
+  EXPECT_EQ(f.state.ScrollStep, 0);
+  f.Keys("4");
+  bwp::Refresh(f.state, f.display);
+  EXPECT_EQ(f.Text(0, 1), "4") << "a key that came up has ended the typing";
+}
+
+TEST(EditController, EnteringWhileAButtonScrollsStopsThePage) {
+  Form f(50'000);
+  auto* const down = f.Find<QAbstractButton>("VSDW");
+  auto* const timer = f.Find<QTimer>("TimVSCR");
+  f.display.onFrame = [&] {
+    if (f.display.frames == 3) f.edit->click();
+    if (f.display.frames > 100) f.state.AutoScroll = false;
+  };
+  QTest::mousePress(down, Qt::LeftButton);
+  QTimerEvent elapsed(timer->timerId());
+  QCoreApplication::sendEvent(timer, &elapsed);
+  ASSERT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.display.frames, 3);
+  EXPECT_FALSE(f.state.AutoScroll);
+  EXPECT_FALSE(timer->isActive());
+  EXPECT_EQ(f.state.SWStart, 48);
+  ExpectPageOfFile(f);
+  f.Keys("4");
+  QTest::mouseRelease(down, Qt::LeftButton);
+  f.bar->LetGo();
+  EXPECT_EQ(f.state.SWStart, 48);
+  EXPECT_EQ(f.Text(0, 1), "4");
+  f.Click(f.Cancel);
+  EXPECT_EQ(f.state.SWStart, 48);
+  ExpectPageOfFile(f);
+}
+
+TEST(EditController, EnteringStopsTheWaitOfAHeldButton) {
+  Form f(50'000);
+  QTest::mousePress(f.Find<QWidget>("VSDW"), Qt::LeftButton);
+  ASSERT_TRUE(f.Find<QTimer>("TimVSCR")->isActive());
+  f.edit->click();
+  EXPECT_FALSE(f.Find<QTimer>("TimVSCR")->isActive());
+  EXPECT_EQ(f.state.SWStart, 0);
+}
+
+TEST(EditController, APressThatIsNoClickKeepsTheEdits) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Keys("4");
+  for (QPushButton* const button : {f.edit, f.Cancel}) {
+    QTest::mousePress(button, Qt::LeftButton);
+    QTest::mouseMove(button, QPoint(-50, -50));
+    QTest::mouseRelease(button, Qt::LeftButton, {}, QPoint(-50, -50));
+    QTest::mouseClick(button, Qt::RightButton);
+  }
+  bwp::Refresh(f.state, f.display);
+  EXPECT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.Text(0, 1), "4");
+}
+
+TEST(EditController, AFailedWriteIsThePlatformsErrorAndKeepsWhatWasTyped) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Keys("00");
+  f.disk.FailAt(2, bwp::test::Fault::kDeviceError);
+  EXPECT_THROW(f.edit->click(), bwp::RunTimeError);
+  EXPECT_EQ(ReadFile(f.path), f.bytes);
+  EXPECT_TRUE(f.controller->IsOn());
+  EXPECT_EQ(f.Text(0, 1), "00");
+}
+
+TEST(EditController, AfterSaveThePageHasTheColoursOfMarksAndHitOnly) {
+  for (const bool answer : {true, false}) {
+    Form f(5000);
+    bwp::MoveMarks(f.state, 3, 40);
+    bwp::Refresh(f.state, f.display);
+    bwp::ShowHit(f.state, 38, 4);
+    bwp::Refresh(f.state, f.display);
+    f.notices.answer = answer;
+    f.Click(f.edit);
+    f.Keys("EEEE");
+    f.Click(f.edit);
+    for (int position = 0; position < bwp::kPageBytes; ++position) {
+      // The hit ends with other bytes on the page, and stays where nothing was written.
+      bwp::Colour wanted = !answer && position >= 38 && position < 42 ? bwp::kHitColour : bwp::kValueColour;
+      if (position == 3) wanted = bwp::kMarkStartColour;
+      if (position == 40) wanted = bwp::kMarkEndColour;
+      ASSERT_EQ(f.state.tabe.Background(position / 16, position % 16 + 1), wanted) << answer << position;
+    }
+  }
+}
+
+TEST(EditController, TheStepsOfEnteringSavingAndCancellingHaveTheirOrder) {
+  Form f(5000);
+  std::vector<std::string> steps;
+  const auto note = [&](const char* what) {
+    steps.push_back(std::string(what) + (f.controller->IsOn() ? " on " : " off ") +
+                    f.edit->text().toStdString() + (f.table->isEnabled() ? " grid" : "") +
+                    (f.Find<QWidget>("Gstart")->isEnabled() ? " others" : ""));
+  };
+  f.display.onRedraw = [&] { note("refresh"); };
+  f.controller->afterEnabling = [&] { note("enabled"); };
+  f.Click(f.edit);
+  EXPECT_EQ(steps, (std::vector<std::string>{"refresh off Edit others"}));
+  steps.clear();
+  f.Click(f.edit);
+  EXPECT_EQ(steps, (std::vector<std::string>{"refresh off Save", "enabled off Save others"}));
+  f.Click(f.edit);
+  steps.clear();
+  f.Click(f.Cancel);
+  EXPECT_EQ(steps, (std::vector<std::string>{"enabled off Save others", "refresh off Save others"}));
 }
 
 }  // namespace

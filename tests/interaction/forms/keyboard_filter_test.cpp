@@ -261,4 +261,14 @@ TEST(KeyboardFilter, AnotherWindowsKeysAreItsOwn) {
   EXPECT_EQ(k.state.SWStart, 0);
 }
 
+TEST(KeyboardFilter, APressOnAButtonAloneEndsNoTyping) {
+  Keys k(5000);
+  k.state.FieldTyping = true;
+  QTest::mousePress(k.button, Qt::LeftButton);
+  EXPECT_TRUE(k.state.FieldTyping);
+  QTest::mouseRelease(k.button, Qt::LeftButton, {}, QPoint(-50, -50));
+  QTest::mouseClick(k.button, Qt::RightButton);
+  EXPECT_TRUE(k.state.FieldTyping);
+}
+
 }  // namespace

@@ -93,9 +93,9 @@ TEST(PageMenu, BesideTheGridTheNearestCellCounts) {
   m.RightPress(m.InWindow(2, 0));
   ASSERT_TRUE(m.Choose("popmend"));
   EXPECT_EQ(m.state.MarkEnd, 33);
-  m.RightPress(QPoint(m.window.width() - 5, m.window.height() - 5));
+  m.RightPress(QPoint(5, m.window.height() - 5));
   ASSERT_TRUE(m.Choose("popmend"));
-  EXPECT_EQ(m.state.MarkEnd, 511);
+  EXPECT_EQ(m.state.MarkEnd, 496);
 }
 
 TEST(PageMenu, DoesNotComeUpAboveTheGridOrOnAButton) {
@@ -145,6 +145,29 @@ TEST(PageMenu, StaysAwayWhenAllItsEntriesAreDisabled) {
   for (QAction* const entry : m.popmark->actions()) entry->setEnabled(false);
   m.RightPress(m.InWindow(3, 20));
   EXPECT_FALSE(m.popmark->isVisible());
+}
+
+TEST(PageMenu, DoesNotComeUpRightOfTheGrid) {
+  Menu m(5000);
+  m.RightPress(QPoint(m.table->geometry().right() + 2, m.InWindow(2, 1).y()));
+  EXPECT_FALSE(m.popmark->isVisible());
+}
+
+TEST(PageMenu, AnEmptyFileIsNotToBeEdited) {
+  Menu m(0);
+  m.RightPress(m.InWindow(3, 3));
+  ASSERT_TRUE(m.popmark->isVisible());
+  EXPECT_FALSE(m.popmark->findChild<QAction*>(QStringLiteral("popedit"))->isEnabled());
+}
+
+TEST(PageMenu, AChosenMarkEndsTyping) {
+  for (const char* entry : {"popmstart", "popmend", "popmdefault"}) {
+    Menu m(5000);
+    m.state.FieldTyping = true;
+    m.RightPress(m.InWindow(3, 3));
+    ASSERT_TRUE(m.Choose(entry));
+    EXPECT_FALSE(m.state.FieldTyping) << entry;
+  }
 }
 
 }  // namespace

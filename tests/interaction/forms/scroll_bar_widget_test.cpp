@@ -222,4 +222,14 @@ TEST(ScrollBarWidget, TheThumbStandsOutFromItsTrackInALightAndInADarkTheme) {
   }
 }
 
+TEST(ScrollBarWidget, AButtonThatIsLetGoByLosingTheFocusComesUp) {
+  Bar b(5000);
+  auto* const down = b.Find<QAbstractButton>("VSDW");
+  QTest::mousePress(down, Qt::LeftButton);
+  ASSERT_TRUE(down->isDown());
+  b.bar->LetGo();
+  EXPECT_FALSE(down->isDown());
+  EXPECT_EQ(b.state.SWStart, 16);
+}
+
 }  // namespace
