@@ -9,8 +9,15 @@ bool OnPage(std::int64_t offset, std::int64_t pageStart) {
   return offset >= pageStart && offset <= pageStart + kPageBytes - 1;
 }
 
+// A byte of the hit is the hit's again when no mark stands on it any more.
 void ClearCell(ViewState& state, std::int64_t offset) {
-  if (OnPage(offset, state.SWPrev)) state.tabe.ResetByteColour(static_cast<int>(offset - state.SWPrev));
+  if (!OnPage(offset, state.SWPrev)) return;
+  const auto position = static_cast<int>(offset - state.SWPrev);
+  if (offset >= state.hit.start && offset < state.hit.start + state.hit.length) {
+    state.tabe.ColourByte(position, kHitColour, kHitColour);
+  } else {
+    state.tabe.ResetByteColour(position);
+  }
 }
 
 void ColourCell(ViewState& state, std::int64_t offset, Colour colour) {

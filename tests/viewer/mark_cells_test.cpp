@@ -156,4 +156,24 @@ RC_GTEST_FIXTURE_PROP(MarkCellsTest, ThePageHasItsMarksColoursAndNoOthers, ()) {
   }
 }
 
+TEST_F(MarkCellsTest, AMarkInsideAHitShowsAfterARefreshAndLeavesTheHitsColourBehind) {
+  bwp::MoveMarks(state, 10, 200);
+  Show();
+  bwp::ShowHit(state, 8, 5);
+  EXPECT_EQ(MarkOf(10), bwp::kHitColour);
+  Show();
+  EXPECT_EQ(MarkOf(10), bwp::kMarkStartColour);
+  EXPECT_EQ(MarkOf(9), bwp::kHitColour);
+  bwp::MoveMarks(state, 11, 200);
+  EXPECT_EQ(MarkOf(10), bwp::kHitColour);
+  Show();
+  EXPECT_EQ(MarkOf(10), bwp::kHitColour);
+  EXPECT_EQ(MarkOf(11), bwp::kMarkStartColour);
+  bwp::MoveMarks(state, 20, 200);
+  Show();
+  EXPECT_EQ(MarkOf(11), bwp::kHitColour);
+  bwp::ClearHit(state);
+  EXPECT_EQ(Marked(), 2);
+}
+
 }  // namespace
