@@ -36,16 +36,12 @@ SearchPanel::SearchPanel(ViewState& state, Services& services, QWidget* parent)
   Atext_->onCharacter = [this] { search_.TermTyped(state_); };
   Atext_->onEnter = [this] {
     search_.TermTyped(state_);
-    Level();
+    ShowAtextInMirrors();
     Run();
   };
   Atext_->onEdited = [this](bool /*byCharacter*/) {
     search_.TermTyped(state_);
-    SearchFields fields = Fields();
-    MirrorAtext(fields);
-    Htext_->setText(FromCodePage(fields.Htext));
-    Dtext_->setText(FromCodePage(fields.Dtext));
-    behind_ = Source::kNothing;
+    ShowAtextInMirrors();
   };
   ConnectHeld(*Htext_, Source::kHtext);
   ConnectHeld(*Dtext_, Source::kDtext);
@@ -54,6 +50,7 @@ SearchPanel::SearchPanel(ViewState& state, Services& services, QWidget* parent)
     field->onLeft = [this] { Level(); };
   }
   connect(Find, &QPushButton::clicked, this, [this] { FindNext(); });
+  connect(NoCase_, &QCheckBox::clicked, this, [this] { state_.FieldTyping = false; });
   LayOut();
 }
 
@@ -109,6 +106,14 @@ void SearchPanel::FindNext() {
 void SearchPanel::FocusTerm() {
   Atext_->setFocus(Qt::ShortcutFocusReason);
   Atext_->selectAll();
+}
+
+void SearchPanel::ShowAtextInMirrors() {
+  SearchFields fields = Fields();
+  MirrorAtext(fields);
+  Htext_->setText(FromCodePage(fields.Htext));
+  Dtext_->setText(FromCodePage(fields.Dtext));
+  behind_ = Source::kNothing;
 }
 
 void SearchPanel::Mirror(Source source) {

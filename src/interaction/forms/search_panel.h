@@ -33,6 +33,7 @@ class SearchPanel : public QGroupBox {
 
   void LayOut();
   void ConnectHeld(TermField& field, Source source);
+  void ShowAtextInMirrors();
   void Mirror(Source source);
   void Level();
   void Run();

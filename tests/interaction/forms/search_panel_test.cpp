@@ -108,12 +108,13 @@ TEST(SearchFields, BackspaceAndDeletingInTheMiddleAreMirroredToo) {
 
 TEST(SearchFields, KeysWithoutACharacterChangeNothing) {
   Panel p("abc");
-  p.Atext->setFocus();
+  p.Type(p.Htext, "41 4");
+  p.state.FieldTyping = false;
   for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Home, Qt::Key_F5, Qt::Key_Shift}) {
     for (QLineEdit* const field : {p.Atext, p.Htext, p.Dtext}) QTest::keyClick(field, key);
   }
   EXPECT_FALSE(p.state.FieldTyping);
-  EXPECT_TRUE(p.Shows("", "", ""));
+  EXPECT_TRUE(p.Shows("A", "41 4", "65 ")) << "a key without a character has brought the mirrors level";
 }
 
 TEST(SearchFields, HexadecimalMirrorsLagOneKeyBehind) {
@@ -250,6 +251,36 @@ TEST(SearchRun, AnEmptyTermDoesNothing) {
   p.ClickFind();
   EXPECT_TRUE(p.transcript.empty());
   EXPECT_EQ(p.state.SWStart, 0);
+}
+
+TEST(SearchRun, EnterInTheTextSearchesForWhatTheTextShows) {
+  Panel p(Far("A"));
+  p.Type(p.Dtext, "65 x");
+  p.Atext->setFocus();
+  EXPECT_TRUE(p.Shows("A", "41 ", "65 x"));
+  QTest::keyClick(p.Atext, Qt::Key_Return);
+  EXPECT_TRUE(p.Shows("A", "41 ", "65 "));
+  EXPECT_EQ(p.state.SWStart, 2000);
+}
+
+TEST(SearchRun, AHeldEnterIsOneSearch) {
+  Panel p(Far("A"));
+  p.Type(p.Atext, "A");
+  QTest::keyPress(p.Atext, Qt::Key_Return);
+  const std::size_t afterOne = p.transcript.size();
+  QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, {}, QStringLiteral("\r"), true);
+  QCoreApplication::sendEvent(p.Atext, &again);
+  EXPECT_GT(afterOne, 0U);
+  EXPECT_EQ(p.transcript.size(), afterOne);
+}
+
+TEST(SearchRun, AClickOnTheBoxEndsTyping) {
+  Panel p("abc");
+  p.Type(p.Atext, "A");
+  ASSERT_TRUE(p.state.FieldTyping);
+  p.NoCase->setFocus();
+  QTest::keyClick(p.NoCase, Qt::Key_Space);
+  EXPECT_FALSE(p.state.FieldTyping);
 }
 
 }  // namespace
