@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
@@ -14,7 +15,8 @@ namespace {
 // Painting the bar for every block would cost a fast copy more than a hundredth of its time; this often is
 // smooth to the eye.
 constexpr int kPaintMilliseconds = 40;
-constexpr int kLabelLines = 2;
+// A search shows its term in three ways, under an empty line.
+constexpr int kLabelLines = 4;
 
 }  // namespace
 
@@ -31,6 +33,8 @@ Progform::Progform(QWidget* parent)
   bar_->setValue(0);
   lab_->setObjectName(QStringLiteral("Lab"));
   lab_->setAccessibleName(QStringLiteral("Current step"));
+  // What stands below each other lines up.
+  lab_->setFont(CellFont());
   auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
   cancel->setObjectName(QStringLiteral("Cancel"));
   cancel->setAccessibleName(QStringLiteral("Cancel"));

@@ -56,22 +56,35 @@ void PathLabel::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
+// A line break of the text's own stands; each paragraph leaves those after it a line at the least.
 QStringList PathLabel::LinesAt(int width) const {
+  const QStringList paragraphs = text().split(QLatin1Char('\n'));
+  QStringList lines;
+  for (int i = 0; i < paragraphs.size() && lines.size() < lines_; ++i) {
+    const auto toCome = static_cast<int>(paragraphs.size()) - i - 1;
+    const int last = std::max(static_cast<int>(lines.size()) + 1, lines_ - toCome);
+    lines << Broken(paragraphs[i], width, last - static_cast<int>(lines.size()));
+  }
+  return lines;
+}
+
+QStringList PathLabel::Broken(const QString& paragraph, int width, int most) const {
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  QTextLayout layout(text(), font());
+  QTextLayout layout(paragraph, font());
   layout.setTextOption(option);
   layout.beginLayout();
   QStringList lines;
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
     line.setLineWidth(width);
-    if (lines.size() + 1 == lines_) {
-      lines << fontMetrics().elidedText(text().mid(line.textStart()), Qt::ElideMiddle, width);
+    if (lines.size() + 1 == most) {
+      lines << fontMetrics().elidedText(paragraph.mid(line.textStart()), Qt::ElideMiddle, width);
       break;
     }
-    lines << text().mid(line.textStart(), line.textLength());
+    lines << paragraph.mid(line.textStart(), line.textLength());
   }
   layout.endLayout();
+  if (lines.isEmpty()) lines << QString();
   return lines;
 }
 

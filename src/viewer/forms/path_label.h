@@ -5,7 +5,7 @@
 namespace bwp {
 
 /// A label for texts that may hold long paths: it shows them literally, breaks a word that is too long for a
-/// line, and keeps its width whatever the text. What does not fit into its lines is left out at the end, and
+/// line, and keeps its width whatever the text. What does not fit into its lines is left out, and
 /// the tooltip shows the whole text.
 class PathLabel : public QLabel {
  public:
@@ -24,6 +24,7 @@ class PathLabel : public QLabel {
  private:
   /// The text broken into lines; the last one shortened if there would be more.
   QStringList LinesAt(int width) const;
+  QStringList Broken(const QString& paragraph, int width, int most) const;
 
   int lines_;
   bool steady_;
