@@ -1,12 +1,16 @@
 // Copying a file through the streams, against cp of the same file on the same file system, neither with a
-// final sync. The first argument is the length of the file in MiB (1024 when not given), the second the
-// number of rounds (7).
+// final sync; what the progress window costs such a copy; and how much memory a copy takes above idle. The
+// first argument is the length of the file in MiB (1024 when not given), the second the number of rounds (7).
 
 #include <unistd.h>
 
+#include <QApplication>
+
 #include "big_file.h"
 #include "fileops/file_system.h"
+#include "fileops/forms/progform.h"
 #include "interleaved.h"
+#include "memory.h"
 #include "other_program.h"
 
 namespace {
@@ -25,16 +29,15 @@ void Cp(const std::string& from, const std::string& to) {
   if (bench::RunProgram({"cp", from, to}) != 0) BigFile::Stop("cp");
 }
 
-void Copy(const bwp::Disk& disk, const std::string& from, const std::string& to, std::int64_t length) {
-  bench::NoProgress progress;
+void Copy(bwp::Progress& progress, const bwp::Disk& disk, const std::string& from, const std::string& to,
+          std::int64_t length) {
   ReadStream source(from);
   WriteStream destination(disk, to);
   FileSystem::StreamCopy(progress, source, destination, length);
   destination.Close();
 }
 
-void Skip(const std::string& from, std::int64_t length) {
-  bench::NoProgress progress;
+void Skip(bwp::Progress& progress, const std::string& from, std::int64_t length) {
   ReadStream source(from);
   FileSystem::StreamSkip(progress, source, length);
 }
@@ -42,24 +45,47 @@ void Skip(const std::string& from, std::int64_t length) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (std::getenv("DISPLAY") == nullptr) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
   const std::int64_t length = bench::LengthFrom(argc, argv);
   const int rounds = argc > 2 ? std::atoi(argv[2]) : 7;
   const BigFile file(length, bench::FillMixed);
   const std::string target = file.Path() + ".copy";
   const bwp::Disk disk;
   const PlainDisk plain;
+  bench::NoProgress nobody;
+  bwp::Progform window(nullptr);
   const auto anew = [&](const std::function<void()>& copy) {
     return [&target, copy] {
       copy();
       unlink(target.c_str());
     };
   };
-  bench::RunInterleaved(
-      "copying",
-      {{"cp", anew([&] { Cp(file.Path(), target); })},
-       {"StreamCopy", anew([&] { Copy(disk, file.Path(), target, length); })},
-       {"StreamCopy, reading and writing", anew([&] { Copy(plain, file.Path(), target, length); })},
-       {"StreamSkip", [&] { Skip(file.Path(), length); }}},
-      rounds);
+  const auto copy = [&](bwp::Progress& progress, const bwp::Disk& by) {
+    return anew([&] { Copy(progress, by, file.Path(), target, length); });
+  };
+  const auto copies = bench::RunInterleaved("copying",
+                                            {{"cp", anew([&] { Cp(file.Path(), target); })},
+                                             {"StreamCopy", copy(nobody, disk)},
+                                             {"StreamCopy, reading and writing", copy(nobody, plain)},
+                                             {"StreamSkip", [&] { Skip(nobody, file.Path(), length); }}},
+                                            rounds);
+  bench::SpeedRow("copy / cp", copies[1], copies[0], bench::AtLeast(0.9));
+  bench::SpeedRow("copy by reading and writing / cp", copies[2], copies[0], "");
+
+  window.SetLabel("Copying from  0 to MarkStart-1");
+  window.Show();
+  QCoreApplication::processEvents();
+  const bench::IdleMemory idle;
+  // The copy that nobody watches runs twice: what equal copies differ by is noise.
+  const auto watched = bench::RunInterleaved("events and bar",
+                                             {{"StreamCopy, no progress", copy(nobody, disk)},
+                                              {"StreamCopy, progress window", copy(window, disk)},
+                                              {"StreamCopy, no progress again", copy(nobody, disk)}},
+                                             3 * rounds);
+  bench::SpeedRow("copy with the progress window / without", watched[1], watched[0], bench::AtLeast(0.98));
+  bench::SpeedRow("copy without it, once more / without (the noise)", watched[2], watched[0], "");
+  bench::Row("copy, memory above idle", bench::Number(idle.MostAbove(), " MiB"), "",
+             bench::AtMost(8, " MiB"));
   return 0;
 }

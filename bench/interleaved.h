@@ -8,7 +8,14 @@
 #include <sys/resource.h>
 #include <vector>
 
+#include "table.h"
+
 namespace bench {
+
+inline double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
 
 struct Job {
   std::string name;
@@ -16,11 +23,6 @@ struct Job {
   std::vector<double> seconds = {};
   std::vector<double> processor = {};
 };
-
-inline double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
 
 /// What this program and those that it started have had of the processor: steadier than the clock on a
 /// machine that does other things too.
@@ -36,11 +38,13 @@ inline double ProcessorSeconds() {
   return sum;
 }
 
-/// Runs the jobs in turn, so that whatever else the machine does hits all alike, and prints the medians, each
-/// with its speed as a multiple of the first job's.
-inline void RunInterleaved(const std::string& title, std::vector<Job> jobs, int rounds) {
+/// Runs the jobs in turn, so that whatever else the machine does hits all alike, each round beginning with
+/// another one, so that none always follows the same job and pays for what that has left behind; prints the
+/// medians, each with its speed as a multiple of the first job's. Returns the jobs with what they took.
+inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job> jobs, int rounds) {
   for (int round = 0; round < rounds; ++round) {
-    for (Job& job : jobs) {
+    for (std::size_t turn = 0; turn < jobs.size(); ++turn) {
+      Job& job = jobs[(turn + static_cast<std::size_t>(round)) % jobs.size()];
       const double processor = ProcessorSeconds();
       const auto start = std::chrono::steady_clock::now();
       job.run();
@@ -58,6 +62,13 @@ inline void RunInterleaved(const std::string& title, std::vector<Job> jobs, int 
                 seconds / ownSeconds, 1000 * ownProcessor, processor / ownProcessor);
   }
   std::fflush(stdout);
+  return jobs;
+}
+
+/// A row with a job's speed as a multiple of another one's.
+inline void SpeedRow(const std::string& what, const Job& job, const Job& base, const std::string& wanted) {
+  Row(what, Number(Median(base.seconds) / Median(job.seconds)),
+      Number(Median(base.processor) / Median(job.processor)), wanted);
 }
 
 }  // namespace bench

@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -11,6 +12,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include "table.h"
 #include "viewer/forms/page_table.h"
 #include "viewer/forms/text_conversion.h"
 #include "viewer/open_view_file.h"
@@ -139,9 +141,46 @@ void DecimalPage(benchmark::State& bench) {
   ShowPage(bench, false);
 }
 
-BENCHMARK(BarePainter)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
-BENCHMARK(HexPage)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
-BENCHMARK(DecimalPage)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+void Interleaved(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
+}
+
+BENCHMARK(BarePainter)->Apply(Interleaved);
+BENCHMARK(HexPage)->Apply(Interleaved);
+BENCHMARK(DecimalPage)->Apply(Interleaved);
+
+// Tells what the medians make of the limits.
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+      if (run.aggregate_name != "median") continue;
+      const std::string name = run.run_name.function_name;
+      median_[name + run.run_name.args] = {run.GetAdjustedRealTime(), run.GetAdjustedCPUTime()};
+    }
+  }
+
+  void Finalize() override {
+    for (const std::string ratio : {"1", "2"}) {
+      const Times bare = median_["BarePainter" + ratio];
+      for (const std::string base : {"Hex", "Decimal"}) {
+        const Times page = median_[base + "Page" + ratio];
+        const std::string what = base + " page, pixel ratio " + ratio;
+        bench::Row("time of a " + what + " / a bare painter", bench::Number(page.real / bare.real),
+                   bench::Number(page.processor / bare.processor), bench::AtMost(3));
+        bench::Row(what, bench::Number(page.real, " ms"), bench::Number(page.processor, " ms"),
+                   "processor 1 ms");
+      }
+    }
+  }
+
+ private:
+  struct Times {
+    double real, processor;
+  };
+  std::map<std::string, Times> median_;
+};
 
 }  // namespace
 
@@ -149,6 +188,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
   return 0;
 }

@@ -18,6 +18,8 @@
 
 #include "fileops/buffer_operations.h"
 #include "fileops/save.h"
+#include "interleaved.h"
+#include "memory.h"
 #include "viewer/open_view_file.h"
 
 namespace {
@@ -61,51 +63,17 @@ void Run(const std::string& command) {
   }
 }
 
-double Seconds(const timeval& time) {
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-}
-
-// What this process and its children have spent of the processor.
-double ProcessorSeconds() {
-  double sum = 0;
-  for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
-    rusage usage = {};
-    getrusage(who, &usage);
-    sum += Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
-  }
-  return sum;
-}
-
-double MedianOf(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 struct Times {
   std::vector<double> elapsed, processor;
 
   void Take(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
-    const double spent = ProcessorSeconds();
+    const double spent = bench::ProcessorSeconds();
     work();
     elapsed.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    processor.push_back(ProcessorSeconds() - spent);
+    processor.push_back(bench::ProcessorSeconds() - spent);
   }
 };
-
-// A value of /proc/self/status, in KiB.
-std::int64_t MemoryOf(const std::string& field) {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    std::int64_t value = 0;
-    if (word == field + ":" && status >> value) return value;
-  }
-  return 0;
-}
-
-void ForgetPeak() {
-  std::ofstream("/proc/self/clear_refs") << 5;
-}
 
 class Bench {
  public:
@@ -139,22 +107,23 @@ class Bench {
       beside.Take([&] { CopyBeside(); });
       insert.Take([&] { Insert(); });
     }
-    Report("cp", over, over);
     Report("save", save, over);
-    Report("cp, mv", beside, beside);
     Report("cut", cut, beside);
     Report("insert", insert, beside);
     Cut(state_.FLen / 2);
-    std::printf("  memory above idle without the Buffer: %.1f MiB (also with a Buffer of half the file)\n",
-                static_cast<double>(peak_) / 1024);
+    // Also with a Buffer of half the file.
+    bench::Row("cut, insert, save: memory above idle but the Buffer", bench::Number(peak_, " MiB"), "",
+               bench::AtMost(8, " MiB"));
   }
 
  private:
-  static void Report(const char* name, const Times& job, const Times& copy) {
-    const double elapsed = MedianOf(job.elapsed);
-    const double processor = MedianOf(job.processor);
-    std::printf("  %-7s %.3f s, %.2f times its copy; processor %.3f s, %.2f times\n", name, elapsed,
-                MedianOf(copy.elapsed) / elapsed, processor, MedianOf(copy.processor) / processor);
+  void Report(const std::string& name, const Times& job, const Times& copy) const {
+    const double elapsed = bench::Median(job.elapsed);
+    const double copied = bench::Median(copy.elapsed);
+    std::printf("  %-7s %.3f s, its copy %.3f s\n", name.c_str(), elapsed, copied);
+    bench::Row(name + (sync_ ? ", synced / cp, sync" : ", no sync / cp"), bench::Number(copied / elapsed),
+               bench::Number(bench::Median(copy.processor) / bench::Median(job.processor)),
+               bench::AtLeast(0.9));
   }
 
   void Copy() const { Run("cp '" + data_ + "' '" + copy_ + "'" + (sync_ ? " && sync '" + copy_ + "'" : "")); }
@@ -187,17 +156,16 @@ class Bench {
   // Keeps the most that any job took: its peak less what the program held before it and the Buffer it made.
   void Watched(const std::function<void()>& job) {
     const auto bufferBefore = static_cast<std::int64_t>(state_.BufferData.size());
-    ForgetPeak();
-    const std::int64_t idle = MemoryOf("VmRSS");
+    const bench::IdleMemory idle;
     job();
     const std::int64_t grown = static_cast<std::int64_t>(state_.BufferData.size()) - bufferBefore;
-    peak_ = std::max(peak_, MemoryOf("VmHWM") - idle - grown / 1024);
+    peak_ = std::max(peak_, idle.MostAbove() - static_cast<double>(grown) / kMebibyte);
   }
 
   std::string folder_, data_, copy_;
   int runs_;
   bool sync_;
-  std::int64_t peak_ = 0;
+  double peak_ = 0;  // MiB
   bwp::ViewState state_;
   Nobody nobody_;
   bwp::Disk disk_;

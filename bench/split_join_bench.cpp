@@ -19,6 +19,7 @@
 #include <QImage>
 
 #include "fileops/forms/progform.h"
+#include "interleaved.h"
 #include "splitjoin/forms/divide.h"
 #include "splitjoin/split_join_worker.h"
 #include "viewer/number_text.h"
@@ -27,9 +28,10 @@
 namespace {
 
 namespace fs = std::filesystem;
+using bench::Median;
 
 constexpr std::int64_t kMebibyte = 1 << 20;
-constexpr int kRounds = 5;
+constexpr int kRounds = 7;
 
 class NoDisplay : public bwp::Display {
   void SetRedraw(bool /*on*/) override {}
@@ -58,11 +60,6 @@ double Milliseconds(const std::function<void()>& work) {
   const auto start = std::chrono::steady_clock::now();
   work();
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
 }
 
 // Throws when the command fails: what is measured then is worth nothing.
@@ -95,8 +92,8 @@ class Workplace {
 };
 
 void Report(const char* what, const std::vector<double>& ours, const std::vector<double>& theirs) {
-  std::printf("%-28s %8.0f ms %8.0f ms   ratio %.2f (limit 1.10)\n", what, Median(ours), Median(theirs),
-              Median(ours) / Median(theirs));
+  std::printf("%-28s %8.0f ms %8.0f ms\n", what, Median(ours), Median(theirs));
+  bench::Row(what, bench::Number(Median(ours) / Median(theirs)), "", bench::AtMost(1.1));
 }
 
 void MeasureJobs(std::int64_t mebibytes) {
@@ -134,8 +131,8 @@ void MeasureJobs(std::int64_t mebibytes) {
     place.Remove("result");
     place.Remove("part.*");
   }
-  Report("split, beside split -b", split, splitBase);
-  Report("join, beside cat", join, joinBase);
+  Report("time of split / split -b", split, splitBase);
+  Report("time of join / cat", join, joinBase);
 }
 
 void MeasurePlan() {
@@ -157,7 +154,7 @@ void MeasurePlan() {
       form.render(&picture);
     }));
   }
-  std::printf("%-28s %8.2f ms   (limit 5.00)\n", "plan and draw 1000 boxes", Median(times));
+  bench::Row("plan and draw 1000 boxes", bench::Number(Median(times), " ms"), "", bench::AtMost(5, " ms"));
 }
 
 }  // namespace

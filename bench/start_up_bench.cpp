@@ -20,6 +20,7 @@
 
 #include "app/forms/application.h"
 #include "app/forms/main_form.h"
+#include "interleaved.h"
 #include "viewer/view_file.h"
 
 namespace {
@@ -76,11 +77,6 @@ Run RunSelf(const char* self, const char* mode, const std::string& path) {
   return {taken.count(), static_cast<double>(usage.ru_maxrss)};
 }
 
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 int Compare(const char* self, const std::string& path) {
   constexpr int kRuns = 21;
   std::vector<double> emptyTime, emptyMemory, pageTime, pageMemory;
@@ -94,11 +90,12 @@ int Compare(const char* self, const std::string& path) {
     pageMemory.push_back(page.kibibytes);
   }
   const auto row = [](const char* what, double page, double empty, double limit) {
-    std::printf("%-28s %10.1f %10.1f   ratio %.2f (limit %.2f)\n", what, page, empty, page / empty, limit);
+    std::printf("%-48s %10.1f %10.1f\n", what, page, empty);
+    bench::Row(what, bench::Number(page / empty), "", bench::AtMost(limit));
   };
-  std::printf("%-28s %10s %10s\n", "median of interleaved runs", "bytewarp", "empty");
-  row("start to first page, ms", Median(pageTime), Median(emptyTime), 1.25);
-  row("peak memory, KiB", Median(pageMemory), Median(emptyMemory), 1.15);
+  std::printf("%-48s %10s %10s\n", "median of interleaved runs", "bytewarp", "empty");
+  row("time to the first page / an empty window", bench::Median(pageTime), bench::Median(emptyTime), 1.25);
+  row("peak memory / an empty window", bench::Median(pageMemory), bench::Median(emptyMemory), 1.15);
   return 0;
 }
 
