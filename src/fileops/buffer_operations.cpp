@@ -113,15 +113,17 @@ bool WouldBeTooLarge(const ViewState& state) {
   return state.FLen + static_cast<std::int64_t>(state.BufferData.size()) > kMaxFileLength;
 }
 
-// Shows the file under the name that it has now. The message names the cause in two spellings.
-void ShowRewritten(ViewState& state, Services& services, FileReplacement::Outcome outcome,
-                   const std::string& cause) {
+// Goes on with the file under the name that it has now, which is told before anything else can fail. The
+// message names the cause in two spellings.
+void ShowRewritten(ViewState& state, Services& services, const FileReplacement& replacement,
+                   FileReplacement::Outcome outcome, const std::string& cause) {
   if (outcome == FileReplacement::Outcome::kStandsAsNew) {
     const std::string newPath = state.OpenFile + ".new";
     services.notices.Tell("There is a SYSTEM ERROR " + cause +
                           " by windows preview!  Your file has been renamed as '" + newPath + "'");
     state.OpenFile = newPath;
   }
+  replacement.SyncFolder();
   ReopenViewFile(state);
   Refresh(state, services.display);
 }
@@ -184,9 +186,8 @@ void CutChunk(ViewState& state, Services& services) {
   // From here on the chunk stands nowhere else: whatever fails now, the Buffer has it.
   state.BufferData = std::move(chunk);
   state.BufferIsCut = true;
-  replacement.SyncFolder();
   temporary.Release();
-  ShowRewritten(state, services, outcome, "cause");
+  ShowRewritten(state, services, replacement, outcome, "cause");
   progress.ClearAbort();
 }
 
@@ -215,9 +216,8 @@ void InsertBuffer(ViewState& state, Services& services, const std::string& mode)
     replacement.Discard(temporary);
     return TellChanged(state, services);
   }
-  replacement.SyncFolder();
   temporary.Release();
-  ShowRewritten(state, services, outcome, "caused");
+  ShowRewritten(state, services, replacement, outcome, "caused");
   services.notices.Tell("Insert Successful");
   progress.ClearAbort();
 }
