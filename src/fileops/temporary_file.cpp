@@ -83,8 +83,8 @@ bool MakeWritable(const Disk& disk, const std::string& path) {
 }
 
 // Nothing when it takes another attempt: another copy of the program moved or deleted the file between the
-// steps, or it had to be made writable first. Until it is locked and looked at again it must not be touched: it
-// may have become the file that the other copy rewrote.
+// steps, or it had to be made writable first. Until it is locked and looked at again it must not be touched:
+// it may have become the file that the other copy rewrote.
 std::optional<ScratchFile> TryOpen(const Disk& disk, const std::string& path) {
   const Opened opened = Open(disk, path);
   if (opened.descriptor < 0) {

@@ -75,6 +75,9 @@ void Progform::Show() {
 }
 
 void Progform::Hide() {
+  // A click that was made during the last step and still waits is this window's to take, or nobody's: once
+  // the window is gone it would reach the main window and start something.
+  QCoreApplication::processEvents();
   hide();
   barrier_.TakeDown();
   bar_->setUpdatesEnabled(true);

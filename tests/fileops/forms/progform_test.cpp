@@ -168,6 +168,41 @@ TEST_F(ProgformTest, APressThatWaitsIsSeenWhenEventsRun) {
   EXPECT_TRUE(form_.Aborted());
 }
 
+// A click that the window system has delivered and no round of events has seen yet.
+void LeaveAClickWaiting(QWidget& widget) {
+  QWindow* const window = widget.window()->windowHandle();
+  const QPoint place = widget.mapTo(widget.window(), widget.rect().center());
+  for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    const bool down = type == QEvent::MouseButtonPress;
+    qt_handleMouseEvent(window, place, window->mapToGlobal(place), down ? Qt::LeftButton : Qt::NoButton,
+                        Qt::LeftButton, type, Qt::NoModifier, QTest::lastMouseTimestamp += 1000);
+  }
+}
+
+TEST_F(ProgformTest, AClickOnAnotherWindowThatWaitsWhenItHidesStartsNothing) {
+  QPushButton other;
+  int clicks = 0;
+  QObject::connect(&other, &QPushButton::clicked, [&] { ++clicks; });
+  other.show();
+  form_.Show();
+  form_.LetEventsRun();
+  LeaveAClickWaiting(other);
+  form_.Hide();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(clicks, 0);
+  LeaveAClickWaiting(other);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(clicks, 1) << "clicks of this kind do arrive where nothing is in their way";
+}
+
+TEST_F(ProgformTest, AClickOnCancelThatWaitsWhenItHidesCounts) {
+  form_.Show();
+  form_.LetEventsRun();
+  LeaveAClickWaiting(*form_.findChild<QPushButton*>(QStringLiteral("Cancel")));
+  form_.Hide();
+  EXPECT_TRUE(form_.Aborted());
+}
+
 TEST_F(ProgformTest, NoLabelChangesItsSize) {
   form_.SetLabel("Wait please");
   form_.Show();
