@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
@@ -174,8 +175,9 @@ void LeaveAClickWaiting(QWidget& widget) {
   const QPoint place = widget.mapTo(widget.window(), widget.rect().center());
   for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
     const bool down = type == QEvent::MouseButtonPress;
-    qt_handleMouseEvent(window, place, window->mapToGlobal(place), down ? Qt::LeftButton : Qt::NoButton,
-                        Qt::LeftButton, type, Qt::NoModifier, QTest::lastMouseTimestamp += 1000);
+    QCoreApplication::postEvent(window,
+                                new QMouseEvent(type, place, window->mapToGlobal(place), Qt::LeftButton,
+                                                down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
   }
 }
 
