@@ -3,15 +3,24 @@
 #include <cstdio>
 #include <cstdlib>
 #include <new>
-#include <utility>
 
-#include <QEvent>
 #include <QMessageBox>
 
 #include "app/forms/lean_style.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
+namespace {
+
+// An open menu would keep mouse and keyboard from the report.
+void ClosePopups() {
+  for (const QWidget* last = nullptr; QWidget* const popup = QApplication::activePopupWidget(); last = popup) {
+    if (popup == last) return;
+    popup->hide();
+  }
+}
+
+}  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   WaitUntilRead();
@@ -24,14 +33,17 @@ void Application::Guard(const std::function<void()>& work) {
   try {
     work();
   } catch (const RunTimeError& error) {
-    End(error);
+    if (!ending_) End(error);
   } catch (const std::bad_alloc&) {
-    End(MakeRunTimeError(kOutOfMemory));
+    if (!ending_) End(MakeRunTimeError(kOutOfMemory));
   }
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-  if (ending_ && !MayReceive(receiver, event)) return false;
+  if (report_ != nullptr && !MayReceive(receiver, event->type())) {
+    event->ignore();
+    return false;
+  }
   bool handled = false;
   Guard([&] { handled = QApplication::notify(receiver, event); });
   return handled;
@@ -39,8 +51,9 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void Application::End(RunTimeError error) {
   constexpr int kExitStatus = 1;
-  // A second error while the first is being reported must not hide it, nor start over.
-  if (std::exchange(ending_, true)) std::_Exit(kExitStatus);
+  // From here on a second error is nobody's: it must not hide the first one, nor end the program before that
+  // was read.
+  ending_ = true;
   if (beforeEnd) {
     const std::string kept = beforeEnd();
     if (!kept.empty()) error.note += (error.note.empty() ? "" : "\n") + kept;
@@ -53,15 +66,27 @@ void Application::End(RunTimeError error) {
   box.setTextFormat(Qt::PlainText);
   box.setText(FromPath(text));
   report_ = &box;  // cppcheck-suppress danglingLifetime; the program ends before the box does
+  ClosePopups();
   box.exec();
   std::_Exit(kExitStatus);
 }
 
-// While the report is on the screen, timers and queued calls of the program's windows would run on with the
-// interrupted operation half done. The toolkit's own go on: a screen reader asks through them what the report
+// While the report is on the screen, the program's windows get nothing but what their pictures need: timers,
+// keys, a lost focus would run on with the interrupted operation half done. What is refused here reaches no
+// event filter either. The toolkit's own objects go on: a screen reader asks through them what the report
 // says.
-bool Application::MayReceive(const QObject* receiver, const QEvent* event) const {
-  if (event->type() != QEvent::Timer && event->type() != QEvent::MetaCall) return true;
+bool Application::MayReceive(const QObject* receiver, QEvent::Type type) const {
+  switch (type) {
+    case QEvent::Paint:
+    case QEvent::UpdateRequest:
+    case QEvent::UpdateLater:
+    case QEvent::Resize:
+    case QEvent::Move:
+    case QEvent::LayoutRequest:
+      return true;
+    default:
+      break;
+  }
   for (const QObject* object = receiver; object != nullptr; object = object->parent()) {
     if (object == report_) return true;
     if (object->isWidgetType()) return false;

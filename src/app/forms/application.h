@@ -4,6 +4,7 @@
 #include <string>
 
 #include <QApplication>
+#include <QEvent>
 
 #include "app/forms/early_fonts.h"
 #include "viewer/run_time_error.h"
@@ -28,7 +29,7 @@ class Application : private EarlyFonts, public QApplication {
 
  private:
   [[noreturn]] void End(RunTimeError error);
-  bool MayReceive(const QObject* receiver, const QEvent* event) const;
+  bool MayReceive(const QObject* receiver, QEvent::Type type) const;
 
   bool ending_ = false;
   QObject* report_ = nullptr;

@@ -48,7 +48,7 @@ class SplitJoinTool : public QObject, private SplitJoinWindows {
   SplitPlan plan_;
   SplitJoinJob job_;
   SplitJoinWorker worker_;
-  QTimer timer_;  ///< Runs while a question or a confirmed job waits.
+  QTimer timer_{this};  ///< Runs while a question or a confirmed job waits.
   Divide* divide_ = nullptr;
   Fsel* fsel_ = nullptr;
   Fjoin* fjoin_ = nullptr;

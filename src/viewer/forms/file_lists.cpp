@@ -173,9 +173,10 @@ void FileLists::ShowDrive() {
 
 void FileLists::Watch() {
   if (chain_.empty()) return;
-  watch_ = std::make_unique<FolderWatch>(chain_.back(), [this] {
+  const auto wait = [this] {
     if (!settle_.isActive()) settle_.start();
-  });
+  };
+  watch_ = std::make_unique<FolderWatch>(chain_.back(), wait, this);
 }
 
 }  // namespace bwp

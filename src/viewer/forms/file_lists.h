@@ -78,7 +78,7 @@ class FileLists : public QObject {
   std::vector<std::string> chain_;  ///< The folders from the root to the one shown, full paths.
   std::vector<std::string> volumes_;
   std::unique_ptr<FolderWatch> watch_;
-  QTimer settle_;  ///< Many changes at once are looked at once.
+  QTimer settle_{this};  ///< Many changes at once are looked at once.
 };
 
 }  // namespace bwp

@@ -9,8 +9,8 @@
 
 namespace bwp {
 
-FolderWatch::FolderWatch(const std::string& folder, std::function<void()> onChange)
-    : descriptor_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+FolderWatch::FolderWatch(const std::string& folder, std::function<void()> onChange, QObject* parent)
+    : QObject(parent), descriptor_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
   if (descriptor_ < 0) return;
   constexpr std::uint32_t kNames =
       IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;

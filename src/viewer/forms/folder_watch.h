@@ -11,7 +11,7 @@ namespace bwp {
 /// that is no text. A folder that cannot be watched is silently not watched.
 class FolderWatch : public QObject {
  public:
-  FolderWatch(const std::string& folder, std::function<void()> onChange);
+  FolderWatch(const std::string& folder, std::function<void()> onChange, QObject* parent = nullptr);
   ~FolderWatch() override;
 
  private:
