@@ -1,15 +1,14 @@
 #include "app/forms/main_form.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QDropEvent>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPushButton>
-#include <QTimer>
-#include <QUrl>
+#include <QScopedValueRollback>
 
 #include "app/configuration.h"
+#include "app/forms/dropped_file.h"
 #include "app/forms/read_me.h"
 #include "app/start_up.h"
 #include "fileops/buffer_operations.h"
@@ -31,15 +30,6 @@
 #include "viewer/refresh.h"
 
 namespace bwp {
-namespace {
-
-// The path of a dropped file, byte for byte; empty for what lies on no disk of ours.
-std::string LocalPath(const QUrl& url) {
-  if (!url.isLocalFile()) return {};
-  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
-}
-
-}  // namespace
 
 MainForm::MainForm(std::string progFolder)
     : progFolder_(std::move(progFolder)),
@@ -51,6 +41,8 @@ MainForm::MainForm(std::string progFolder)
   ConnectFileCommands();
   ConnectChunkCommands();
   ConnectTools();
+  ConnectClosing();
+  controls_.edit->afterEntering = [this] { HideFileDialogs(); };
   controls_.edit->afterEnabling = [this] { EnableCommands(); };
   EnableCommands();
 }
@@ -110,6 +102,7 @@ std::string MainForm::RescueBuffer() const {
 void MainForm::ShowLoader() {
   if (loader_ == nullptr) {
     loader_ = new Loader(state_, *this, notices_, this);
+    loader_->run = [this](const auto& action) { Operate(action); };
     connect(loader_, &Loader::FileOpened, this, [this] { EnableCommands(); });
   }
   state_.FieldTyping = false;
@@ -117,7 +110,10 @@ void MainForm::ShowLoader() {
 }
 
 void MainForm::ShowSaver(const SaveTask& task) {
-  if (saver_ == nullptr) saver_ = new Saver(state_, services_, this);
+  if (saver_ == nullptr) {
+    saver_ = new Saver(state_, services_, this);
+    saver_->run = [this](const auto& action) { Operate(action); };
+  }
   state_.FieldTyping = false;
   saver_->Open(task);
 }
@@ -132,8 +128,11 @@ void MainForm::ShowSplitJoin() {
   splitJoin_->Show();
 }
 
-// A command ends whatever was being typed: its result would otherwise stay unseen.
+// One at a time, and none under the bytes that are being edited. A command ends whatever was being typed: its
+// result would otherwise stay unseen.
 void MainForm::Operate(const std::function<void()>& operation) {
+  if (Busy()) return;
+  const QScopedValueRollback operating(operating_, true);
   state_.FieldTyping = false;
   operation();
 }
@@ -145,25 +144,42 @@ void MainForm::ChooseAccelerationEntry(int choice) {
   }
 }
 
+// Edit mode has the controls to itself.
 void MainForm::EnableCommands() {
+  if (controls_.edit->IsOn()) return;
   const bool fileIsOpen = !state_.OpenFile.empty();
   for (QAction* const entry : menu_.needFile) entry->setEnabled(fileIsOpen);
-  for (QPushButton* const button :
-       {controls_.buffer->cop, controls_.buffer->Cut, controls_.buffer->Paste, controls_.chunk->Gstart,
-        controls_.chunk->Gend, controls_.search->Find, controls_.edit->edit}) {
+  for (QPushButton* const button : {controls_.buffer->cop, controls_.buffer->Cut, controls_.buffer->Paste,
+                                    controls_.chunk->Gstart, controls_.chunk->Gend, controls_.search->Find}) {
     button->setEnabled(fileIsOpen);
   }
+  controls_.edit->edit->setEnabled(fileIsOpen && state_.FLen > 0);
 }
 
-// A long operation runs, or the page is being edited.
+// An operation runs, or what it has to say was not read yet.
+bool MainForm::Working() const {
+  return operating_ || progress_.Visible() || QApplication::activeModalWidget() != nullptr;
+}
+
 bool MainForm::Busy() const {
-  return progress_.Visible() || controls_.edit->IsOn();
+  return operating_ || progress_.Visible() || controls_.edit->IsOn();
+}
+
+void MainForm::HideFileDialogs() {
+  if (loader_ != nullptr) loader_->hide();
+  if (saver_ != nullptr) saver_->hide();
+}
+
+void MainForm::ConnectClosing() {
+  constexpr int kMilliseconds = 100;
+  closing_.setSingleShot(true);
+  closing_.setInterval(kMilliseconds);
+  connect(&closing_, &QTimer::timeout, this, &QWidget::close);
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {
-  if (progress_.Visible()) {
-    constexpr int kMilliseconds = 100;
-    QTimer::singleShot(kMilliseconds, this, &QWidget::close);
+  if (Working()) {
+    closing_.start();
     event->ignore();
     return;
   }
@@ -174,16 +190,12 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 void MainForm::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && !Busy()) event->acceptProposedAction();
+  if (!Busy()) AcceptFile(*event);
 }
 
 void MainForm::dropEvent(QDropEvent* event) {
   if (Busy()) return;
-  event->acceptProposedAction();
-  for (const QUrl& url : event->mimeData()->urls()) {
-    const std::string path = LocalPath(url);
-    if (funzioni::FileExists(path)) return OpenDropped(path);
-  }
+  if (const std::optional<std::string> path = AcceptFile(*event)) OpenDropped(*path);
 }
 
 void MainForm::OpenDropped(const std::string& path) {
@@ -203,12 +215,13 @@ void MainForm::MoveThumb() {
 
 // The title names the open file: whoever opened it, the commands follow here.
 void MainForm::ShowTitle(const std::string& title) {
-  setWindowTitle(FromPath(title));
-  if (!controls_.edit->IsOn()) EnableCommands();
+  setWindowTitle(TitleOf(title));
+  EnableCommands();
 }
 
 void MainForm::ShowRuler(bool hex) {
   controls_.ruler->ShowLabels(hex);
+  controls_.page->NameColumns(hex);
 }
 
 void MainForm::ShowWindowTexts(const WindowTexts& texts) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include "app/forms/main_layout.h"
 #include "app/forms/main_menu.h"
@@ -48,13 +49,16 @@ class MainForm : public QMainWindow, private Display {
   void ConnectFileCommands();
   void ConnectChunkCommands();
   void ConnectTools();
+  void ConnectClosing();
 
   void ShowLoader();
   void ShowSaver(const SaveTask& task);
   void ShowSplitJoin();
   void OpenDropped(const std::string& path);
   void Operate(const std::function<void()>& operation);
+  bool Working() const;
   bool Busy() const;
+  void HideFileDialogs();
   void ChooseAccelerationEntry(int choice);
   void EnableCommands();
 
@@ -83,6 +87,8 @@ class MainForm : public QMainWindow, private Display {
   Loader* loader_ = nullptr;
   Saver* saver_ = nullptr;
   SplitJoinTool* splitJoin_ = nullptr;
+  bool operating_ = false;
+  QTimer closing_{this};  // closes the window once the operation is over
 };
 
 }  // namespace bwp

@@ -10,6 +10,8 @@ QAction* AddEntry(QMenu& menu, const QString& name, const QString& text, const Q
   QAction* const entry = menu.addAction(text);
   entry->setObjectName(name);
   entry->setShortcut(shortcut);
+  // A held key is one press: cutting again and again would lose all but the last piece.
+  entry->setAutoRepeat(false);
   return entry;
 }
 

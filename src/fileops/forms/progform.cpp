@@ -50,7 +50,7 @@ Progform::Progform(QWidget* parent)
 }
 
 void Progform::SetCaption(const std::string& caption) {
-  setWindowTitle(FromPath(caption));
+  setWindowTitle(TitleOf(caption));
 }
 
 void Progform::SetLabel(const std::string& label) {

@@ -18,12 +18,16 @@ Saver::Saver(ViewState& state, Services& services, QWidget* parent)
   connect(&Lists(), &FileLists::FilePicked, this,
           [this](int, const std::string& name) { Ftext_.setText(FromPath(name)); });
   connect(&Lists(), &FileLists::FileChosen, this, [this, &state, &services](const std::string& name) {
-    hide();
-    SaveOntoListedFile(state, services, Task(), name);
+    run([&] {
+      hide();
+      SaveOntoListedFile(state, services, Task(), name);
+    });
   });
   connect(&fsave, &QPushButton::clicked, this, [this, &state, &services] {
-    hide();
-    SaveUnderTypedName(state, services, Task(), ToPath(Ftext_.text()));
+    run([&] {
+      hide();
+      SaveUnderTypedName(state, services, Task(), ToPath(Ftext_.text()));
+    });
   });
 }
 

@@ -107,6 +107,7 @@ void EditController::Enter(int row, int column) {
   StandStill();
   state_.SWStart = state_.SWPrev;
   edit_.Enter(row, column);
+  if (afterEntering) afterEntering();
   edit->setText(QStringLiteral("Save"));
   tabe_.setEnabled(true);
   edit->setEnabled(true);

@@ -26,6 +26,9 @@ class EditController : public QWidget {
 
   bool IsOn() const { return edit_.On(); }
 
+  /// Called when the mode has begun: what could open another file must not be at hand while it is on.
+  std::function<void()> afterEntering;
+
   /// Called when every control has been enabled again, to disable those that make no sense now.
   std::function<void()> afterEnabling;
 

@@ -1,6 +1,8 @@
 #include "interaction/forms/term_field.h"
 
+#include <QDragEnterEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 
 #include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/offset_box.h"
@@ -41,6 +43,15 @@ void TermField::keyPressEvent(QKeyEvent* event) {
   inCharacter_ = typing;
   QLineEdit::keyPressEvent(event);
   inCharacter_ = false;
+}
+
+// A file is for the window to open, not for its name to be typed.
+void TermField::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) {
+    event->ignore();
+  } else {
+    QLineEdit::dragEnterEvent(event);
+  }
 }
 
 void TermField::focusOutEvent(QFocusEvent* event) {

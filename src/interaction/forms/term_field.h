@@ -21,6 +21,7 @@ class TermField : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:

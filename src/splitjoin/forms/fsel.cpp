@@ -22,7 +22,7 @@ Fsel::Fsel(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* paren
 }
 
 void Fsel::Start(const std::string& title) {
-  setWindowTitle(FromPath(title));
+  setWindowTitle(TitleOf(title));
   ActionB_.setText(QStringLiteral("Split"));
   Present();
   Ftext_.setFocus();

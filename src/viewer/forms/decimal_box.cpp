@@ -12,6 +12,8 @@ DecimalBox::DecimalBox(const QString& name, const QString& accessibleName, QWidg
   setObjectName(name);
   setAccessibleName(accessibleName);
   setFont(CellFont());
+  // What is dropped here is a file for the window.
+  setAcceptDrops(false);
   setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("2.147.483.647")) + kRoom);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,12 @@ class FileDialog : public QDialog {
              FileLists::Selection selection = FileLists::Selection::kOne);
 
   FileLists& Lists() { return lists_; }
+
+  /// Does what the dialog is for, to the open file or in its place. The main form sees to it that this
+  /// happens only while nothing else works on that file.
+  std::function<void(const std::function<void()>& action)> run = [](const std::function<void()>& action) {
+    action();
+  };
 
  protected:
   QLineEdit& AddField(const QString& name, const QString& heading);

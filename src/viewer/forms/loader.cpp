@@ -26,9 +26,11 @@ Loader::Loader(ViewState& state, Display& display, Notices& notices, QWidget* pa
     Ftext_.setText(FromPath(name));
     ShowSize(name);
   });
-  connect(&Lists(), &FileLists::FileChosen, this, [this](const std::string& name) { Load(name); });
+  connect(&Lists(), &FileLists::FileChosen, this,
+          [this](const std::string& name) { run([&] { Load(name); }); });
+  connect(&Lists(), &FileLists::Filled, &Labsize_, &QLabel::clear);
   connect(&Ftext_, &QLineEdit::textEdited, &Labsize_, &QLabel::clear);
-  connect(&fload, &QPushButton::clicked, this, [this] { Load(ToPath(Ftext_.text())); });
+  connect(&fload, &QPushButton::clicked, this, [this] { run([this] { Load(ToPath(Ftext_.text())); }); });
 }
 
 void Loader::Open() {
@@ -52,9 +54,12 @@ void Loader::Load(const std::string& name) {
     return;
   }
   state_.LastFolder = funzioni::FolderOf(path);
+  // Whatever was being typed meanwhile was about another file.
+  state_.FieldTyping = false;
   if (state_.FLen == 0) {
     // No refresh for an empty file, but nothing of the last file may stand there as if it were this one's.
     display_.SetRedraw(true);
+    display_.MoveThumb();
     display_.ShowTitle(TitleText(state_));
     Q_EMIT FileOpened();
     notices_.Tell("FIle has dimension 0", kErrorTitle, Notices::Icon::kCritical);

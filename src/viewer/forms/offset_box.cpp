@@ -28,6 +28,8 @@ OffsetBox::OffsetBox(const QString& name, const QString& accessibleName, QWidget
   setAcceptRichText(false);
   setUndoRedoEnabled(false);
   setTabChangesFocus(true);
+  // What is dropped here is a file for the window.
+  setAcceptDrops(false);
   setLineWrapMode(NoWrap);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

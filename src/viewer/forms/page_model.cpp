@@ -41,13 +41,19 @@ QVariant PageModel::headerData(int section, Qt::Orientation orientation, int rol
   if (role != Qt::DisplayRole) return {};
   if (orientation == Qt::Vertical) return FromCodePage(grid_.Text(section, kOffsetColumn));
   if (section == kOffsetColumn) return QStringLiteral("Offset");
-  return FromCodePage(RulerLabel(section, false));
+  return FromCodePage(RulerLabel(section, hex_));
 }
 
 // The offsets are fixed: neither keys nor the mouse make them current.
 Qt::ItemFlags PageModel::flags(const QModelIndex& index) const {
   if (!index.isValid() || index.column() == kOffsetColumn) return Qt::ItemNeverHasChildren;
   return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+void PageModel::SetHex(bool hex) {
+  if (hex == hex_) return;
+  hex_ = hex;
+  Q_EMIT headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
 }
 
 void PageModel::PageChanged() {
@@ -64,7 +70,7 @@ QString PageModel::AccessibleText(int row, int column) const {
       !character || text.front().isPrint() ? text : QStringLiteral("no printable character");
   return QStringLiteral("%1, %2 %3 of row %4")
       .arg(shown, character ? QStringLiteral("character") : QStringLiteral("byte"),
-           FromCodePage(RulerLabel(column, false)), FromCodePage(grid_.Text(row, kOffsetColumn)));
+           FromCodePage(RulerLabel(column, hex_)), FromCodePage(grid_.Text(row, kOffsetColumn)));
 }
 
 }  // namespace bwp

@@ -19,6 +19,9 @@ class PageModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
+  /// Whether the columns are counted as the ruler counts them in hexadecimal display.
+  void SetHex(bool hex);
+
   /// One notice for the whole page.
   void PageChanged();
 
@@ -26,6 +29,7 @@ class PageModel : public QAbstractTableModel {
   QString AccessibleText(int row, int column) const;
 
   const PageGrid& grid_;
+  bool hex_ = false;
 };
 
 }  // namespace bwp

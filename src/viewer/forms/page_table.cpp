@@ -17,6 +17,10 @@ void PageTable::ShowPage() {
   model_.PageChanged();
 }
 
+void PageTable::NameColumns(bool hex) {
+  model_.SetHex(hex);
+}
+
 std::optional<PageTable::Cell> PageTable::CellAt(const QPoint& global) const {
   const QPoint place = viewport()->mapFromGlobal(global);
   const Cell cell{rowAt(place.y()), columnAt(place.x())};

@@ -24,6 +24,8 @@ class PageTable : public QTableView {
 
   /// Shows what stands in the grid now.
   void ShowPage();
+  /// Names the columns for who cannot see the ruler, in its numbers.
+  void NameColumns(bool hex);
 
   /// The cell under a place on the screen (global position); none outside the cells.
   std::optional<Cell> CellAt(const QPoint& global) const;

@@ -66,4 +66,8 @@ std::string ToPath(const QString& path) {
   return bytes;
 }
 
+QString TitleOf(std::string_view text) {
+  return FromPath(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 }  // namespace bwp

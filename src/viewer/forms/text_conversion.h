@@ -18,4 +18,8 @@ QString FromCodePage(std::string_view text);
 QString FromPath(std::string_view path);
 std::string ToPath(const QString& path);
 
+/// A path or a text that holds one as a window's title: the toolkit would take a "[*]" in it for a mark of
+/// its own.
+QString TitleOf(std::string_view text);
+
 }  // namespace bwp

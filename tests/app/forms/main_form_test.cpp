@@ -1,20 +1,17 @@
-#include "app/forms/main_form.h"
-
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
 #include <QTest>
-#include <QUrl>
+#include <QWindow>
 
+#include "app/forms/main_form_fixture.h"
 #include "support/forms/answer_box.h"
 #include "support/temp_folder.h"
 #include "viewer/page_grid.h"
@@ -22,37 +19,10 @@
 namespace {
 
 using bwp::MainForm;
+using bwp::test::MainFormTest;
 using bwp::test::PatternBytes;
 using bwp::test::ReadFile;
 using bwp::test::TempFolder;
-
-class MainFormTest : public testing::Test {
- protected:
-  void Start(const std::string& commandLine = {}) {
-    form = std::make_unique<MainForm>(folder.Path());
-    form->Start(commandLine);
-    form->show();
-    QApplication::setActiveWindow(form.get());
-  }
-  void StartOnFile(std::size_t length) { Start(folder.Write("file.bin", PatternBytes(length))); }
-
-  template <typename Control>
-  Control* Find(const char* name) {
-    auto* const control = form->findChild<Control*>(QString::fromLatin1(name));
-    EXPECT_NE(control, nullptr) << name;
-    return control;
-  }
-  QAction* Entry(const char* name) { return Find<QAction>(name); }
-  QPushButton* Button(const char* name) { return Find<QPushButton>(name); }
-  QString Cell(int row, int column) {
-    const QAbstractItemModel* const model = Find<QTableView>("tabe")->model();
-    return model->index(row, column).data().toString();
-  }
-  void Press(int key) { QTest::keyClick(form.get(), static_cast<Qt::Key>(key)); }
-
-  TempFolder folder;
-  std::unique_ptr<MainForm> form;
-};
 
 TEST_F(MainFormTest, WithoutAFileShowsItsTitleAndNoCommandThatNeedsOne) {
   Start();
@@ -232,43 +202,39 @@ TEST_F(MainFormTest, MenuEntriesSaveSearchAndPlan) {
   EXPECT_TRUE(form->findChild<QWidget*>(QStringLiteral("Loader"))->isVisible());
 }
 
-void Drop(MainForm& form, const QList<QUrl>& urls) {
-  QMimeData data;
-  data.setUrls(urls);
-  QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&form, &enter);
-  if (!enter.isAccepted()) return;
-  QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&form, &drop);
+TEST_F(MainFormTest, ShowsAFileNameInTheTitleWhateverItHolds) {
+  Start(folder.Write("a[*]b[*][*]", "abc"));
+  EXPECT_TRUE(form->windowHandle()->title().contains(QStringLiteral(" a[*]b[*][*] (3 Bytes)")))
+      << form->windowHandle()->title().toStdString();
 }
 
-QUrl UrlOf(const std::string& path) {
-  return QUrl(QString::fromLatin1("file://" + QByteArray::fromStdString(path).toPercentEncoding("/")));
-}
-
-TEST_F(MainFormTest, OpensTheFirstRegularFileOfThoseThatAreDropped) {
-  Start();
-  const std::string odd = folder.Write("odd \xFF\" name", "first");
-  Drop(*form, {UrlOf(folder.Path()), UrlOf(folder / "none"), UrlOf(odd), UrlOf(folder.Write("second", "2"))});
-  EXPECT_EQ(form->State().OpenFile, odd);
-  EXPECT_EQ(form->State().LastFolder, folder.Path());
-  EXPECT_EQ(Cell(0, 1), QStringLiteral("66"));
-  EXPECT_TRUE(Button("cop")->isEnabled());
-}
-
-TEST_F(MainFormTest, ADropOfNoFileChangesNothing) {
+TEST_F(MainFormTest, ColumnsAreNamedAsTheRulerCountsThem) {
   StartOnFile(100);
-  Drop(*form, {UrlOf(folder.Path()), QUrl(QStringLiteral("https://example.org/file"))});
-  EXPECT_EQ(form->State().OpenFile, folder / "file.bin");
+  const QAbstractItemModel* const page = Find<QTableView>("tabe")->model();
+  const auto name = [page](int column) { return page->headerData(column, Qt::Horizontal).toString(); };
+  EXPECT_EQ(name(11), QStringLiteral("A"));
+  EXPECT_EQ(name(32), QStringLiteral("F"));
+  auto* const decop = Find<QRadioButton>("decop");
+  QTest::mouseClick(decop, Qt::LeftButton, {}, QPoint(8, decop->height() / 2));
+  EXPECT_EQ(name(11), QStringLiteral("10"));
 }
 
-TEST_F(MainFormTest, ADropWhileThePageIsEditedChangesNothing) {
+TEST_F(MainFormTest, DecimalDisplaySurvivesTheExitInItsOwnWorkingDirectoryOnly) {
   StartOnFile(100);
-  QTest::mouseClick(Button("edit"), Qt::LeftButton);
-  Drop(*form, {UrlOf(folder.Write("other", "other"))});
-  EXPECT_EQ(form->State().OpenFile, folder / "file.bin");
-  QTest::mouseClick(Button("Cancel"), Qt::LeftButton);
-  EXPECT_TRUE(Button("cop")->isEnabled());
+  auto* const decop = Find<QRadioButton>("decop");
+  QTest::mouseClick(decop, Qt::LeftButton, {}, QPoint(8, decop->height() / 2));
+  Entry("MenuExit")->trigger();
+  StartOnFile(100);
+  EXPECT_EQ(Cell(1, 0), QStringLiteral("16"));
+  EXPECT_TRUE(Find<QRadioButton>("decop")->isChecked());
+
+  const TempFolder elsewhere;
+  MainForm other(elsewhere.Path());
+  other.Start(folder / "file.bin");
+  EXPECT_TRUE(other.State().HexMode);
+  other.close();
+  EXPECT_EQ(ReadFile(elsewhere / "Bytewarp.cfg"), "#TRUE#,4,\"/\"\n");
+  EXPECT_EQ(ReadFile(folder / "Bytewarp.cfg"), "#FALSE#,4,\"/\"\n");
 }
 
 TEST_F(MainFormTest, ClosingWritesTheSettings) {

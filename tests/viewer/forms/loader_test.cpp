@@ -85,6 +85,30 @@ TEST_F(LoaderTest, TypingAnotherNameTakesTheSizeAway) {
   EXPECT_EQ(Find<QLabel>("Labsize").text(), QString());
 }
 
+TEST_F(LoaderTest, AnotherFolderTakesTheSizeAway) {
+  ClickRow(Find<QAbstractItemView>("Flist"), "small.bin");
+  ASSERT_FALSE(Find<QLabel>("Labsize").text().isEmpty());
+  DoubleClickRow(Find<QAbstractItemView>("Dlist"), "sub");
+  EXPECT_EQ(Find<QLabel>("Labsize").text(), QString());
+}
+
+TEST_F(LoaderTest, OpeningEndsWhatWasTypedMeanwhileSoThatTheFileIsSeen) {
+  state_.FieldTyping = true;
+  Type("small.bin");
+  PressOpen();
+  EXPECT_FALSE(state_.FieldTyping);
+  EXPECT_TRUE(Refreshed());
+}
+
+TEST_F(LoaderTest, AsksBeforeItActsWhetherItMay) {
+  loader_.run = [](const std::function<void()>& /*action*/) {};
+  Type("small.bin");
+  PressOpen();
+  DoubleClickRow(Find<QAbstractItemView>("Flist"), "small.bin");
+  EXPECT_EQ(state_.OpenFile, folder_ / "open.bin");
+  EXPECT_TRUE(loader_.isVisible());
+}
+
 TEST_F(LoaderTest, ADoubleClickOpensTheFileAndRefreshes) {
   DoubleClickRow(Find<QAbstractItemView>("Flist"), "small.bin");
   EXPECT_FALSE(loader_.isVisible());
@@ -144,7 +168,7 @@ TEST_F(LoaderTest, NothingOfTheFileBeforeStaysInViewOfAnEmptyOne) {
   seen_.clear();
   Type("empty.bin");
   PressOpen();
-  EXPECT_THAT(seen_, ElementsAre("redraw on", "title"));
+  EXPECT_THAT(seen_, ElementsAre("redraw on", "thumb", "title"));
   EXPECT_THAT(display_.title, testing::HasSubstr("empty.bin (0 Bytes)"));
 }
 

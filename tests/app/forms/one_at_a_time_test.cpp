@@ -1,0 +1,133 @@
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+
+#include "app/forms/main_form_fixture.h"
+#include "support/forms/answer_box.h"
+
+namespace {
+
+using bwp::test::AnswerBoxes;
+using bwp::test::PatternBytes;
+using bwp::test::ReadFile;
+
+// What works on the open file keeps everything else off it, however many windows there are.
+class OneAtATime : public bwp::test::MainFormTest {
+ protected:
+  QWidget* Window(const char* name) { return Find<QWidget>(name); }
+  template <typename Control>
+  Control* In(QWidget* window, const char* name) {
+    return window->findChild<Control*>(QString::fromLatin1(name));
+  }
+  void EnterEditMode() { QTest::mouseClick(Button("edit"), Qt::LeftButton); }
+  QPushButton* CancelEdit() {
+    for (QPushButton* const button : form->findChildren<QPushButton*>(QStringLiteral("Cancel"))) {
+      if (button->window() == form.get()) return button;
+    }
+    return nullptr;
+  }
+};
+
+TEST_F(OneAtATime, EditModeHidesTheFileDialogsAndTheirButtonsDoNothingMeanwhile) {
+  folder.Write("other.bin", PatternBytes(5000));
+  folder.Write("Bytewarp.cfg", "#TRUE#,4,\"" + folder.Path() + "\"\n");
+  StartOnFile(1000);
+  Entry("menuopen")->trigger();
+  Entry("sav")->trigger();
+  QWidget* const loader = Window("Loader");
+  QWidget* const saver = Window("Saver");
+  EnterEditMode();
+  EXPECT_FALSE(loader->isVisible());
+  EXPECT_FALSE(saver->isVisible());
+
+  // A click that was on its way already.
+  In<QLineEdit>(loader, "Ftext")->setText(QStringLiteral("other.bin"));
+  In<QPushButton>(loader, "Fload")->click();
+  In<QLineEdit>(saver, "Ftext")->setText(QStringLiteral("copy.bin"));
+  In<QPushButton>(saver, "Fsave")->click();
+  EXPECT_EQ(form->State().OpenFile, folder / "file.bin");
+  EXPECT_FALSE(std::filesystem::exists(folder / "copy.bin"));
+  EXPECT_FALSE(Button("cop")->isEnabled());
+
+  AnswerBoxes boxes;
+  QTest::mouseClick(Button("edit"), Qt::LeftButton);
+  EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(1000));
+  EXPECT_EQ(ReadFile(folder / "other.bin"), PatternBytes(5000));
+  EXPECT_TRUE(Button("cop")->isEnabled());
+}
+
+TEST_F(OneAtATime, TheFileDialogsWorkAgainAfterEditMode) {
+  folder.Write("other.bin", "other");
+  folder.Write("Bytewarp.cfg", "#TRUE#,4,\"" + folder.Path() + "\"\n");
+  StartOnFile(1000);
+  EnterEditMode();
+  QTest::mouseClick(CancelEdit(), Qt::LeftButton);
+  QTest::mouseClick(Button("opn"), Qt::LeftButton);
+  QWidget* const loader = Window("Loader");
+  ASSERT_TRUE(loader->isVisible());
+  In<QLineEdit>(loader, "Ftext")->setText(QStringLiteral("other.bin"));
+  In<QPushButton>(loader, "Fload")->click();
+  EXPECT_EQ(form->State().OpenFile, folder / "other.bin");
+}
+
+TEST_F(OneAtATime, AnEmptyFileHasNothingToEdit) {
+  StartOnFile(0);
+  EXPECT_TRUE(Button("Paste")->isEnabled());
+  EXPECT_FALSE(Button("edit")->isEnabled());
+}
+
+TEST_F(OneAtATime, CuttingAllBytesLeavesNothingToEdit) {
+  StartOnFile(100);
+  ASSERT_TRUE(Button("edit")->isEnabled());
+  Entry("menucut")->trigger();
+  EXPECT_FALSE(Button("edit")->isEnabled());
+}
+
+TEST_F(OneAtATime, AHeldShortcutIsOnePress) {
+  StartOnFile(4096);
+  QLineEdit* const Mdsize = Find<QLineEdit>("Mdsize");
+  Mdsize->selectAll();
+  QTest::keyClicks(Mdsize, QStringLiteral("100"));
+  QTest::keyClick(Mdsize, Qt::Key_Return);
+  form->setFocus();
+  const auto press = [this](bool again) {
+    QTest::simulateEvent(form.get(), true, Qt::Key_X, Qt::ControlModifier, QStringLiteral("x"), again);
+  };
+  press(false);
+  press(true);
+  press(true);
+  EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(4096).substr(100));
+  EXPECT_EQ(form->State().BufferData, PatternBytes(4096).substr(0, 100));
+}
+
+TEST_F(OneAtATime, NoSecondOperationStartsWhileTheFirstHasItsMessageUp) {
+  StartOnFile(1000);
+  Entry("menucopy")->trigger();
+  AnswerBoxes boxes;
+  boxes.onBox = [this](QMessageBox&) { Entry("menucut")->trigger(); };
+  Entry("menuappend")->trigger();
+  EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(1000) + PatternBytes(1000));
+  EXPECT_EQ(boxes.Lines(), std::vector<std::string>{"[Bytewarp] Insert Successful"});
+}
+
+TEST_F(OneAtATime, ClosingWaitsUntilTheOperationIsOverAndItsMessageWasRead) {
+  StartOnFile(1000);
+  Entry("menucopy")->trigger();
+  AnswerBoxes boxes;
+  boxes.onBox = [this](QMessageBox&) {
+    form->close();
+    QTest::qWait(250);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(std::filesystem::exists(folder / "Bytewarp.cfg"));
+  };
+  Entry("menuappend")->trigger();
+  EXPECT_EQ(boxes.Seen().size(), 1U);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !form->isVisible(); }));
+  EXPECT_TRUE(std::filesystem::exists(folder / "Bytewarp.cfg"));
+  EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(1000) + PatternBytes(1000));
+}
+
+}  // namespace
