@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "viewer/paths.h"
@@ -60,16 +61,35 @@ std::string Resolved(const std::string& path) {
   return real ? std::string(real.get()) : path;
 }
 
-void WriteWhole(const Disk& disk, const std::string& path, const std::string& text) {
-  const int descriptor = disk.Open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
-  if (descriptor < 0) throw RunTimeErrorFromErrno(errno, path);
+// A folder that takes no new file may well hold one that can be written.
+bool FolderIsClosed(int error) {
+  return error == EACCES || error == EPERM || error == EROFS;
+}
+
+// Writes to the end and closes; the error that it met, or 0.
+int WriteAndClose(const Disk& disk, int descriptor, const std::string& text) {
   const ssize_t written = disk.Write(descriptor, text.data(), text.size());
   int error = written < 0 ? errno : 0;
   if (written >= 0 && static_cast<std::size_t>(written) < text.size()) error = ENOSPC;
   if (disk.Close(descriptor) != 0 && error == 0) error = errno;
-  if (error == 0) return;
-  disk.Delete(path);
-  throw RunTimeErrorFromErrno(error, path);
+  return error;
+}
+
+// Opens a new file beside the target that nobody else has and no link leads away from.
+int OpenStaged(const Disk& disk, const std::string& staged) {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+  constexpr mode_t kMode = 0666;
+  const int descriptor = disk.Open(staged, kFlags, kMode);
+  if (descriptor >= 0 || errno != EEXIST) return descriptor;
+  // Left behind by a run that was killed.
+  disk.Delete(staged);
+  return disk.Open(staged, kFlags, kMode);
+}
+
+void WriteInPlace(const Disk& disk, const std::string& target, const std::string& text) {
+  const int descriptor = disk.Open(target, O_WRONLY | O_TRUNC | O_NOFOLLOW | O_NONBLOCK, 0);
+  if (descriptor < 0) throw RunTimeErrorFromErrno(errno, target);
+  if (const int error = WriteAndClose(disk, descriptor, text)) throw RunTimeErrorFromErrno(error, target);
 }
 
 }  // namespace
@@ -105,9 +125,21 @@ void SaveConfiguration(const Disk& disk, const std::string& path, const Configur
   const std::string target = Resolved(path);
   const std::string staged =
       funzioni::FolderOf(target) + "." + funzioni::NameOf(target) + "." + std::to_string(getpid());
-  WriteWhole(disk, staged, ConfigurationText(configuration));
-  if (disk.Rename(staged, target) == 0) return;
-  const int error = errno;
+  const std::string text = ConfigurationText(configuration);
+  struct stat old = {};
+  const bool replaces = stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode);
+
+  const int descriptor = OpenStaged(disk, staged);
+  if (descriptor < 0) {
+    const int error = errno;
+    if (replaces && FolderIsClosed(error)) return WriteInPlace(disk, target, text);
+    throw RunTimeErrorFromErrno(error, target);
+  }
+  constexpr mode_t kPermissions = 0777;
+  if (replaces) disk.ChangeMode(descriptor, old.st_mode & kPermissions);
+  int error = WriteAndClose(disk, descriptor, text);
+  if (error == 0 && disk.Rename(staged, target) != 0) error = errno;
+  if (error == 0) return;
   disk.Delete(staged);
   throw RunTimeErrorFromErrno(error, target);
 }

@@ -29,7 +29,8 @@ Configuration ReadConfiguration(std::string_view text);
 /// Reads the file; the defaults when there is none. Throws as ReadConfiguration does.
 Configuration LoadConfiguration(const std::string& path);
 
-/// Replaces the file; on failure the old one stays whole. Throws the platform's file error.
+/// Replaces the file, keeping its permissions; on failure the old one stays whole. Only where its folder
+/// takes no new files is it written over in place. Throws the platform's file error.
 void SaveConfiguration(const Disk& disk, const std::string& path, const Configuration& configuration);
 
 }  // namespace bwp

@@ -32,15 +32,15 @@ bool Answered(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> asked(argv + 1, argv + argc);
-  if (Answered(asked)) return 0;
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  if (Answered(arguments)) return 0;
 
   // A file that grows past the system's limit is a full disk to us, not the end of the process.
   std::signal(SIGXFSZ, SIG_IGN);
 
-  // The toolkit takes its own options out of the arguments; what is left names the file.
-  bwp::Application application(argc, argv);
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  // The toolkit would take options of its own out of the arguments; here they all name the file.
+  int argumentsForToolkit = 1;
+  bwp::Application application(argumentsForToolkit, argv);
   std::unique_ptr<bwp::MainForm> form;
   application.Guard([&] {
     form = std::make_unique<bwp::MainForm>(bwp::CurrentFolder());

@@ -44,8 +44,9 @@ std::string HexText(std::int64_t value, std::size_t width) {
 
 // Hundredths of a unit, ties to the even neighbour.
 std::int64_t RoundedHundredths(std::int64_t count, std::int64_t unit) {
-  const std::int64_t scaled = count * 100;
-  const std::int64_t whole = scaled / unit;
+  // Whole units apart: a hundred times the longest size that a file system can name is no longer a number.
+  const std::int64_t scaled = count % unit * 100;
+  const std::int64_t whole = count / unit * 100 + scaled / unit;
   const std::int64_t twiceRest = (scaled % unit) * 2;
   return whole + (twiceRest > unit || (twiceRest == unit && whole % 2 != 0) ? 1 : 0);
 }

@@ -1,10 +1,12 @@
 #include "app/configuration.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "support/temp_folder.h"
@@ -104,6 +106,56 @@ TEST(Configuration, SavingThroughALinkKeepsTheLink) {
   bwp::SaveConfiguration(bwp::Disk(), folder / "Bytewarp.cfg", {});
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "Bytewarp.cfg"));
   EXPECT_EQ(ReadFile(folder / "real.cfg"), "#TRUE#,4,\"/\"\n");
+}
+
+TEST(Configuration, SavingKeepsThePermissions) {
+  const TempFolder folder;
+  const std::string path = folder.Write("Bytewarp.cfg", "old");
+  ASSERT_EQ(chmod(path.c_str(), 0604), 0);
+  bwp::SaveConfiguration(bwp::Disk(), path, {});
+  struct stat status = {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0604U);
+}
+
+std::string StagedName() {
+  return ".Bytewarp.cfg." + std::to_string(getpid());
+}
+
+TEST(Configuration, SavingWritesThroughNoLinkThatStandsInItsWay) {
+  const TempFolder folder;
+  const std::string victim = folder.Write("victim", "precious");
+  ASSERT_EQ(symlink(victim.c_str(), (folder / StagedName()).c_str()), 0);
+  bwp::SaveConfiguration(bwp::Disk(), folder / "Bytewarp.cfg", {});
+  EXPECT_EQ(ReadFile(victim), "precious");
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"Bytewarp.cfg", "victim"}));
+  EXPECT_FALSE(std::filesystem::is_symlink(folder / "Bytewarp.cfg"));
+}
+
+TEST(Configuration, SavingReplacesWhatAKilledRunLeft) {
+  const TempFolder folder;
+  folder.Write(StagedName(), "half of a longer line than the new one would ever be, far longer");
+  bwp::SaveConfiguration(bwp::Disk(), folder / "Bytewarp.cfg", {});
+  EXPECT_EQ(ReadFile(folder / "Bytewarp.cfg"), "#TRUE#,4,\"/\"\n");
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"Bytewarp.cfg"});
+}
+
+// A folder that takes no new files.
+class ClosedFolder : public bwp::Disk {
+ public:
+  int Open(const std::string& path, int flags, mode_t mode) const override {
+    if ((flags & O_CREAT) == 0) return Disk::Open(path, flags, mode);
+    errno = EACCES;
+    return -1;
+  }
+};
+
+TEST(Configuration, IsWrittenInPlaceWhereTheFolderTakesNoNewFiles) {
+  const TempFolder folder;
+  const std::string path = folder.Write("Bytewarp.cfg", "#FALSE#,4,\"/a/longer/folder/\"\n");
+  bwp::SaveConfiguration(ClosedFolder(), path, {true, 1, "/"});
+  EXPECT_EQ(ReadFile(path), "#TRUE#,1,\"/\"\n");
+  EXPECT_THROW(bwp::SaveConfiguration(ClosedFolder(), folder / "none", {}), bwp::RunTimeError);
 }
 
 TEST(Configuration, SavingIntoAMissingFolderIsPathNotFound) {

@@ -179,6 +179,10 @@ TEST(StripEdgeJunk, OneSideAloneIsStrippedToASingleCharacter) {
   EXPECT_EQ(StripEdgeJunk("A   "), "A");
 }
 
+TEST(SizeText, HasANumberForTheLongestSizeThatAFileSystemCanName) {
+  EXPECT_EQ(SizeText(std::numeric_limits<std::int64_t>::max()), "8589934592 GB");
+}
+
 TEST(SizeText, AUnitBeginsAboveItsSize) {
   EXPECT_EQ(SizeText(0), "0 Bytes");
   EXPECT_EQ(SizeText(1024), "1024 Bytes");
