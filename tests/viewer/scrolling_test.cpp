@@ -133,7 +133,12 @@ TEST_F(ScrollingTest, AStepUpDoublesKeepingItsSign) {
   OpenPattern(200'000);
   ShowAt(199'000);
   state.AccelMode = 2;
-  Hold(-16, 300);
+  const auto steps = Differences(Hold(-16, 300), 199'000);
+  // More than 1,024 bytes after 65 steps, more than 2,048 after 32 steps of double length.
+  std::vector<std::int64_t> wanted(65, -16);
+  wanted.insert(wanted.end(), 32, -32);
+  wanted.insert(wanted.end(), 203, -64);
+  EXPECT_EQ(steps, wanted);
   EXPECT_EQ(state.ScrollStep, -64);
 }
 
