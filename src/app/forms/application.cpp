@@ -14,7 +14,8 @@ namespace {
 
 // An open menu would keep mouse and keyboard from the report.
 void ClosePopups() {
-  for (const QWidget* last = nullptr; QWidget* const popup = QApplication::activePopupWidget(); last = popup) {
+  for (const QWidget* last = nullptr; QWidget* const popup = QApplication::activePopupWidget();
+       last = popup) {
     if (popup == last) return;
     popup->hide();
   }
@@ -87,11 +88,12 @@ bool Application::MayReceive(const QObject* receiver, QEvent::Type type) const {
     default:
       break;
   }
+  bool belongsToAWindow = false;
   for (const QObject* object = receiver; object != nullptr; object = object->parent()) {
     if (object == report_) return true;
-    if (object->isWidgetType()) return false;
+    belongsToAWindow = belongsToAWindow || object->isWidgetType();
   }
-  return true;
+  return !belongsToAWindow;
 }
 
 }  // namespace bwp

@@ -5,6 +5,8 @@
 #include <new>
 
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
 #include <QTimer>
 
 namespace {
@@ -68,6 +70,23 @@ TEST_F(ApplicationDeathTest, RunsNoTimerOfTheProgramWhileItReports) {
     throw bwp::MakeRunTimeError(bwp::kOverflow);
   };
   EXPECT_EXIT(RunHandler(operation), testing::ExitedWithCode(1), "Overflow");
+}
+
+// The person of this test clicks as a person does, with the mouse on the button.
+void ReadAndClickOk() {
+  QTimer person;
+  QObject::connect(&person, &QTimer::timeout, [] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box != nullptr) QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+  });
+  person.start(10);
+  QTimer::singleShot(0, &App(), [] { throw bwp::MakeRunTimeError(bwp::kOverflow); });
+  QTimer::singleShot(5000, &App(), [] { std::_Exit(2); });
+  QCoreApplication::exec();
+}
+
+TEST_F(ApplicationDeathTest, EndsWhenTheReportsButtonIsClicked) {
+  EXPECT_EXIT(ReadAndClickOk(), testing::ExitedWithCode(1), "Overflow");
 }
 
 TEST_F(ApplicationDeathTest, SaysWhatWasKept) {
