@@ -54,7 +54,9 @@ TEST(PairScans, EqualALookAtEveryPosition) {
     const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
     std::size_t expected = from;
     while (expected < end && !pair.FitsAt(bytes + expected)) ++expected;
-    for (const PairScan scan : FileSystem::PairScans()) RC_ASSERT(scan(pair, bytes, from, end) == expected);
+    for (const PairScan scan : FileSystem::PairScans()) {
+      RC_ASSERT(scan(pair, bytes, from, end) == expected);
+    }
   }));
 }
 

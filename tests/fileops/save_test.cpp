@@ -133,7 +133,8 @@ TEST(Save, CancelledAtAnyMomentLeavesAShortFileAndTheOldOneOpen) {
     } else {
       const std::string copy = ReadFile(place.folder / "copy");
       EXPECT_EQ(copy, bytes.substr(0, copy.size()));
-      EXPECT_EQ(copy.size(), std::min(bytes.size(), (round == 2 ? 1U : round - 2U) * kBlock));
+      EXPECT_EQ(copy.size(),
+                std::min(bytes.size(), static_cast<std::size_t>(round == 2 ? 1 : round - 2) * kBlock));
     }
   }
 }

@@ -25,7 +25,7 @@ void ClosePopups() {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   WaitUntilRead();
-  setStyle(new LeanStyle);
+  setStyle(new LeanStyle);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style
   setApplicationName(QStringLiteral("Bytewarp"));
   setDesktopFileName(QStringLiteral("bytewarp"));
 }
