@@ -13,7 +13,7 @@ enum class Fault { kNoSpace, kDeviceError, kShortWrite, kInterrupted, kNoPermiss
 
 const char* NameOf(Fault fault);
 
-/// The real disk, but for one call.
+/// The real disk, but for one call, and that nothing waits for its platters.
 class FailingDisk : public Disk {
  public:
   /// Makes the call of that number (1 is the first) fail; 0 lets all through. Only a call that writes can be

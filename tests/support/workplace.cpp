@@ -7,6 +7,14 @@
 #include "viewer/open_view_file.h"
 
 namespace bwp::test {
+namespace {
+
+class UnsyncedDisk : public Disk {
+ public:
+  int Sync(int /*descriptor*/) const override { return 0; }
+};
+
+}  // namespace
 
 ScopedVariable::ScopedVariable(const char* name, const char* value) : name_(name) {
   if (const char* const old = std::getenv(name)) old_ = old;
@@ -32,7 +40,7 @@ Workplace::Workplace(std::string_view bytes, const Disk& changes, const std::str
 }
 
 const Disk& Workplace::RealDisk() {
-  static const Disk disk;
+  static const UnsyncedDisk disk;
   return disk;
 }
 

@@ -33,6 +33,8 @@ struct Workplace {
   explicit Workplace(std::string_view bytes, const Disk& changes = RealDisk(), const std::string& under = {},
                      const std::string& temporaryUnder = {});
 
+  /// The real disk, but that nothing waits for its platters: what a test reads back comes from the system's
+  /// memory, and on a slow disk thousands of syncs would take longer than all the rest.
   static const Disk& RealDisk();
 
   /// What was seen, from the last call on; every refresh is one line, "refresh".
