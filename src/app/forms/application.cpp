@@ -7,6 +7,7 @@
 #include <QMessageBox>
 
 #include "app/forms/lean_style.h"
+#include "app/linker_pages.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
@@ -25,6 +26,7 @@ void ClosePopups() {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   WaitUntilRead();
+  ReleaseLinkerPages();
   setStyle(new LeanStyle);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style
   setApplicationName(QStringLiteral("Bytewarp"));
   setDesktopFileName(QStringLiteral("bytewarp"));
