@@ -17,7 +17,7 @@ constexpr unsigned kTextsPerLook = 16;
 
 // So many of the rarest bytes are tried in pairs, each on so much of the text.
 constexpr std::size_t kRarest = 8;
-constexpr std::size_t kTrialLength = 8'192;
+constexpr std::size_t kTrialLength = 65'536;
 
 // Comparing a candidate costs its equal bytes and this much. Altogether it may cost so many times the bytes
 // that were passed, after a start that is free.
