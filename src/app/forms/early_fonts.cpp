@@ -1,14 +1,29 @@
 #include "app/forms/early_fonts.h"
 
 #include <dlfcn.h>
+#include <sched.h>
 
 namespace bwp {
+namespace {
+
+// The window system answers meanwhile and is waited for; this is not, so it must not take the processor from
+// either.
+void GiveWay() {
+  const sched_param none{};
+  sched_setscheduler(0, SCHED_BATCH, &none);
+}
+
+}  // namespace
 
 EarlyFonts::EarlyFonts() {
   // The toolkit brings fontconfig along; where it does not, there is nothing to read.
   using Initialize = int (*)();
   const auto initialize = reinterpret_cast<Initialize>(dlsym(RTLD_DEFAULT, "FcInit"));
-  if (initialize != nullptr) reader_ = std::thread([initialize] { initialize(); });
+  if (initialize == nullptr) return;
+  reader_ = std::thread([initialize] {
+    GiveWay();
+    initialize();
+  });
 }
 
 EarlyFonts::~EarlyFonts() {
