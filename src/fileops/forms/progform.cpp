@@ -12,9 +12,9 @@
 namespace bwp {
 namespace {
 
-// Painting the bar for every block would cost a fast copy more than a hundredth of its time; this often is
-// smooth to the eye.
-constexpr int kPaintMilliseconds = 40;
+// Painting the bar takes a millisecond while a copy keeps the caches busy. Seven times a second is smooth
+// enough to the eye, and costs the copy a hundredth of its time.
+constexpr int kPaintMilliseconds = 150;
 // A search shows its term in three ways, under an empty line.
 constexpr int kLabelLines = 4;
 
