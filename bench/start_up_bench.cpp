@@ -25,7 +25,10 @@
 
 namespace {
 
-// Ends the process once the widget was painted.
+// Where the child says that it has painted.
+constexpr int kPaintedDescriptor = 3;
+
+// Says so once the widget was painted, and ends the process.
 class EndAfterPaint : public QObject {
  public:
   explicit EndAfterPaint(QWidget& widget) { widget.installEventFilter(this); }
@@ -33,7 +36,12 @@ class EndAfterPaint : public QObject {
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() == QEvent::Paint) {
       QMetaObject::invokeMethod(
-          this, [] { std::_Exit(0); }, Qt::QueuedConnection);
+          this,
+          [] {
+            const char painted = 1;
+            std::_Exit(write(kPaintedDescriptor, &painted, 1) == 1 ? 0 : 1);
+          },
+          Qt::QueuedConnection);
     }
     return false;
   }
@@ -63,17 +71,25 @@ struct Run {
 };
 
 Run RunSelf(const char* self, const char* mode, const std::string& path) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) std::abort();
   const auto start = std::chrono::steady_clock::now();
   const pid_t child = fork();
   if (child == 0) {
+    if (ends[1] == kPaintedDescriptor) fcntl(ends[1], F_SETFD, 0);
+    dup2(ends[1], kPaintedDescriptor);
     execl(self, self, mode, path.c_str(), nullptr);
     std::_Exit(127);
   }
+  close(ends[1]);
+  char painted = 0;
+  const ssize_t got = read(ends[0], &painted, 1);
+  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+  close(ends[0]);
   int status = 0;
   rusage usage = {};
   wait4(child, &status, 0, &usage);
-  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) std::fprintf(stderr, "%s failed\n", mode);
-  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+  if (got != 1 || !WIFEXITED(status) || WEXITSTATUS(status) != 0) std::fprintf(stderr, "%s failed\n", mode);
   return {taken.count(), static_cast<double>(usage.ru_maxrss)};
 }
 
