@@ -58,7 +58,7 @@ TEST_F(ProgformTest, TheBarIsPaintedSoonAfterItWasSet) {
   form_.LetEventsRun();
   form_.SetBar(60);
   form_.LetEventsRun();
-  QTest::qSleep(50);
+  QTest::qSleep(200);
   form_.LetEventsRun();
   EXPECT_TRUE(Bar().updatesEnabled());
 }
