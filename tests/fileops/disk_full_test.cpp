@@ -7,6 +7,7 @@
 #include "fileops/rescue_buffer.h"
 #include "fileops/save.h"
 #include "support/child.h"
+#include "support/errors.h"
 #include "support/workplace.h"
 #include "viewer/open_view_file.h"
 

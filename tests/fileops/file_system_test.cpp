@@ -5,12 +5,13 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include "support/errors.h"
 #include "support/recorders.h"
 #include "support/temp_folder.h"
-#include "viewer/run_time_error.h"
 
 namespace {
 
+using bwp::test::ErrorNumberOf;
 using bwp::test::PatternBytes;
 using bwp::test::ReadFile;
 using bwp::test::RecordedProgress;
@@ -23,15 +24,6 @@ using testing::IsEmpty;
 
 class StepsTest : public testing::Test {
  protected:
-  int ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const bwp::RunTimeError& error) {
-      return error.number;
-    }
-    return 0;
-  }
-
   std::string Copied(const std::string& bytes, std::int64_t count, std::int64_t block) {
     ReadStream source(folder.Write("source", bytes));
     WriteStream destination(disk, folder / "destination");
@@ -110,16 +102,16 @@ TEST_F(StreamCopy, StopsAfterTheStepInWhoseEventsCancelCame) {
 }
 
 TEST_F(StreamCopy, FailsToDivideByACountOfZeroAfterOneStep) {
-  EXPECT_EQ(ErrorOf([&] { Copied("01234567", 0, 3); }), bwp::kDivisionByZero);
+  EXPECT_EQ(ErrorNumberOf([&] { Copied("01234567", 0, 3); }), bwp::kDivisionByZero);
   EXPECT_THAT(said, ElementsAre("events"));
 }
 
 TEST_F(StreamCopy, RefusesANegativeCount) {
-  EXPECT_EQ(ErrorOf([&] { Copied("01234567", -1, 3); }), bwp::kInvalidProcedureCall);
+  EXPECT_EQ(ErrorNumberOf([&] { Copied("01234567", -1, 3); }), bwp::kInvalidProcedureCall);
 }
 
 TEST_F(StreamCopy, FailsWhenTheSourceHoldsFewerBytesThanPromised) {
-  EXPECT_EQ(ErrorOf([&] { Copied("01234567", 9, 4); }), bwp::kInputPastEnd);
+  EXPECT_EQ(ErrorNumberOf([&] { Copied("01234567", 9, 4); }), bwp::kInputPastEnd);
   EXPECT_THAT(said, ElementsAre("events", "bar 44.4444", "events", "bar 88.8889", "events"));
 }
 
@@ -215,19 +207,21 @@ TEST_F(StreamReadText, HoldsTheBytesOnce) {
 TEST_F(StreamReadText, FailsToDivideByACountOfZero) {
   text = "what was there";
   ReadStream stream(folder.Write("a", "0123456789"));
-  EXPECT_EQ(ErrorOf([&] { FileSystem::StreamReadText(progress, stream, text, 0); }), bwp::kDivisionByZero);
+  EXPECT_EQ(ErrorNumberOf([&] { FileSystem::StreamReadText(progress, stream, text, 0); }),
+            bwp::kDivisionByZero);
   EXPECT_EQ(text, "");
   EXPECT_THAT(said, IsEmpty());
 }
 
 TEST_F(StreamReadText, FailsWhenTheStreamHoldsFewerBytesThanPromised) {
   ReadStream stream(folder.Write("a", "0123456789"));
-  EXPECT_EQ(ErrorOf([&] { FileSystem::StreamReadText(progress, stream, text, 11); }), bwp::kInputPastEnd);
+  EXPECT_EQ(ErrorNumberOf([&] { FileSystem::StreamReadText(progress, stream, text, 11); }),
+            bwp::kInputPastEnd);
 }
 
 TEST_F(StreamReadText, FailsWhenThereIsNotThatMuchMemory) {
   ReadStream stream(folder.Write("a", "0123456789"));
-  EXPECT_EQ(ErrorOf([&] { FileSystem::StreamReadText(progress, stream, text, INT64_MAX); }),
+  EXPECT_EQ(ErrorNumberOf([&] { FileSystem::StreamReadText(progress, stream, text, INT64_MAX); }),
             bwp::kOutOfMemory);
 }
 
@@ -255,7 +249,7 @@ TEST_F(StreamWriteText, StopsAtCancel) {
 
 TEST_F(StreamWriteText, FailsToDivideByAnEmptyText) {
   WriteStream stream(disk, folder / "a");
-  EXPECT_EQ(ErrorOf([&] { FileSystem::StreamWriteText(progress, stream, ""); }), bwp::kDivisionByZero);
+  EXPECT_EQ(ErrorNumberOf([&] { FileSystem::StreamWriteText(progress, stream, ""); }), bwp::kDivisionByZero);
   EXPECT_THAT(said, IsEmpty());
 }
 
@@ -312,15 +306,16 @@ TEST_F(FileRangeCopy, LeavesTheDestinationShortAfterCancel) {
 }
 
 TEST_F(FileRangeCopy, FailsOnAMissingSourceBeforeTheDestinationIsMade) {
-  EXPECT_EQ(ErrorOf([&] { FileSystem::FileRangeCopy(progress, disk, folder / "a", folder / "b"); }),
+  EXPECT_EQ(ErrorNumberOf([&] { FileSystem::FileRangeCopy(progress, disk, folder / "a", folder / "b"); }),
             bwp::kFileNotFound);
   EXPECT_THAT(folder.Names(), IsEmpty());
 }
 
 TEST_F(FileRangeCopy, FailsWhenThereIsLessThanTheCount) {
   folder.Write("a", "0123456789");
-  EXPECT_EQ(ErrorOf([&] { FileSystem::FileRangeCopy(progress, disk, folder / "a", folder / "b", 5, 7); }),
-            bwp::kInputPastEnd);
+  EXPECT_EQ(
+      ErrorNumberOf([&] { FileSystem::FileRangeCopy(progress, disk, folder / "a", folder / "b", 5, 7); }),
+      bwp::kInputPastEnd);
 }
 
 }  // namespace

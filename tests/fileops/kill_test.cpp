@@ -37,7 +37,7 @@ bool Holds(const std::string& path, const std::string& bytes) {
 class Killed : public testing::TestWithParam<const char*> {
  protected:
   Killed()
-      : place_("", Workplace::RealDisk(), "/dev/shm", GetParam()),
+      : place_("", Workplace::RealDisk(), bwp::test::kMemory, GetParam()),
         whole_(PatternBytes(kTotal)),
         chunk_(whole_.substr(kStart, kLength)),
         rest_(std::string(whole_).erase(kStart, kLength)) {}
@@ -102,7 +102,7 @@ TEST_P(Killed, AtRandomMomentsLeavesTheWholeOldOrTheWholeNewContent) {
   EXPECT_EQ(place_.temporary.Names(), std::vector<std::string>{});
 }
 
-INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, Killed, testing::Values("/dev/shm"));
-INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, Killed, testing::Values("/var/tmp"));
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, Killed, testing::Values(bwp::test::kMemory));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, Killed, testing::Values(bwp::test::kOnDisk));
 
 }  // namespace

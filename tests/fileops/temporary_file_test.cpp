@@ -13,6 +13,7 @@
 
 #include "fileops/buffer_operations.h"
 #include "support/child.h"
+#include "support/errors.h"
 #include "support/workplace.h"
 
 namespace {

@@ -1,7 +1,5 @@
 #include "support/workplace.h"
 
-#include <cstdlib>
-#include <gtest/gtest.h>
 #include <utility>
 
 #include "viewer/open_view_file.h"
@@ -15,23 +13,6 @@ class UnsyncedDisk : public Disk {
 };
 
 }  // namespace
-
-ScopedVariable::ScopedVariable(const char* name, const char* value) : name_(name) {
-  if (const char* const old = std::getenv(name)) old_ = old;
-  if (value != nullptr) {
-    setenv(name, value, 1);
-  } else {
-    unsetenv(name);
-  }
-}
-
-ScopedVariable::~ScopedVariable() {
-  if (old_) {
-    setenv(name_.c_str(), old_->c_str(), 1);
-  } else {
-    unsetenv(name_.c_str());
-  }
-}
 
 Workplace::Workplace(std::string_view bytes, const Disk& changes, const std::string& under,
                      const std::string& temporaryUnder)
@@ -63,16 +44,6 @@ Transcript Workplace::Story() {
 void Workplace::Mark(std::int64_t start, std::int64_t end) {
   state.MarkStart = start;
   state.MarkEnd = end;
-}
-
-RunTimeError ErrorOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const RunTimeError& error) {
-    return error;
-  }
-  ADD_FAILURE() << "no run-time error";
-  return {};
 }
 
 }  // namespace bwp::test

@@ -1,30 +1,25 @@
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "fileops/services.h"
 #include "support/recorders.h"
+#include "support/scoped_variable.h"
 #include "support/temp_folder.h"
-#include "viewer/run_time_error.h"
 #include "viewer/view_state.h"
 
 namespace bwp::test {
 
-/// An environment variable that has another value for a while; none when the value is a null pointer.
-class ScopedVariable {
- public:
-  ScopedVariable(const char* name, const char* value);
-  ScopedVariable(const ScopedVariable&) = delete;
-  ScopedVariable& operator=(const ScopedVariable&) = delete;
-  ~ScopedVariable();
+/// Two file systems, for the files of tests: one in memory, where many rounds do not wear out a disk, and one
+/// that is on a disk and keeps extended attributes.
+inline constexpr const char* kMemory = "/dev/shm";
+inline constexpr const char* kOnDisk = "/var/tmp";
 
- private:
-  std::string name_;
-  std::optional<std::string> old_;
-};
+/// The names in a folder that holds nothing, or only the open file of a Workplace.
+inline const std::vector<std::string> kNothing;
+inline const std::vector<std::string> kOnlyTheFile{"data"};
 
 /// All that an operation on an open file needs, with everything that a person would see recorded, a folder
 /// for the files and one for the temporary file.
@@ -53,8 +48,5 @@ struct Workplace {
   Services services;
   ViewState state;
 };
-
-/// The run-time error that a call ends in; the test fails when there is none.
-RunTimeError ErrorOf(const std::function<void()>& call);
 
 }  // namespace bwp::test
