@@ -27,26 +27,43 @@ void Require(bool done, const Files& files) {
   if (!done) throw RunTimeErrorFromErrno(errno, files.path);
 }
 
+// How systems say that an owner cannot be given: it takes the administrator, the user namespace does not know
+// that owner, or the file system keeps none.
+bool IsOwnerRefused(int errnoValue) {
+  return errnoValue == EPERM || errnoValue == EINVAL || errnoValue == ENOSYS || errnoValue == EOPNOTSUPP;
+}
+
 bool GiveOwner(const Files& files, uid_t owner, gid_t group) {
   const int result = Uninterrupted([&] { return files.disk.ChangeOwner(files.to, owner, group); });
-  Require(result == 0 || errno == EPERM, files);
+  Require(result == 0 || IsOwnerRefused(errno), files);
   return result == 0;
+}
+
+struct stat StatusOf(int descriptor, const Files& files) {
+  struct stat status = {};
+  Require(fstat(descriptor, &status) == 0, files);
+  return status;
+}
+
+mode_t ModeOf(const struct stat& status) {
+  return status.st_mode & 07777U;
 }
 
 // Only the system's administrator may give files away; a group of one's own anybody may set.
 void CopyOwnerAndMode(const Files& files) {
-  struct stat old = {};
-  struct stat fresh = {};
-  Require(fstat(files.from, &old) == 0 && fstat(files.to, &fresh) == 0, files);
+  const struct stat old = StatusOf(files.from, files);
+  const struct stat fresh = StatusOf(files.to, files);
   bool ownerKept = old.st_uid == fresh.st_uid;
   bool groupKept = old.st_gid == fresh.st_gid;
   if (!ownerKept) ownerKept = groupKept = GiveOwner(files, old.st_uid, old.st_gid);
   if (!groupKept) groupKept = GiveOwner(files, kUnchanged, old.st_gid);
 
-  mode_t mode = old.st_mode & 07777U;
+  mode_t mode = ModeOf(old);
   // What ran or was read as somebody must not do so as somebody else.
   if (!ownerKept) mode &= ~static_cast<mode_t>(S_ISUID);
   if (!groupKept) mode = (mode & ~static_cast<mode_t>(S_ISGID | S_IRWXG)) | ((mode & S_IRWXO) << 3U);
+  // Not every file system has modes to change.
+  if (ModeOf(StatusOf(files.to, files)) == mode) return;
   Require(Uninterrupted([&] { return files.disk.ChangeMode(files.to, mode); }) == 0, files);
 }
 
