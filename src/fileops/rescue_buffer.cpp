@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "fileops/scratch_file.h"
+#include "fileops/sync_folder.h"
 #include "fileops/temporary_file.h"
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
@@ -22,6 +23,8 @@ std::vector<std::string> Folders() {
   return folders;
 }
 
+constexpr const char* kLost = "The bytes that were cut into the Buffer could not be kept";
+
 std::string WriteTo(const std::string& folder, const std::string& bytes, const Disk& disk) {
   ScratchFile file = ScratchFile::Create(disk, folder + "bytewarp-buffer-");
   FileSystem::WriteStream output = file.Writer();
@@ -29,31 +32,43 @@ std::string WriteTo(const std::string& folder, const std::string& bytes, const D
   output.Sync();
   output.Close();
   file.Leave();
+  // The bytes are there; that a power cut may still undo it is no reason to look for another folder.
+  SyncFolderOf(disk, file.Path());
   return file.Path();
 }
 
+// The note says why the first folder took nothing.
 BufferRescue Rescue(const std::string& bytes, const Disk& disk) {
   std::string reason;
   for (const std::string& folder : Folders()) {
+    std::string failure;
     try {
       const std::string path = WriteTo(folder, bytes, disk);
       return {path, "The bytes that were cut into the Buffer are kept in " + path};
     } catch (const RunTimeError& error) {
-      if (reason.empty()) reason = error.text + ": " + error.path;
+      failure = error.text + ": " + error.path;
+    } catch (const std::exception& error) {
+      failure = error.what();
     }
+    if (reason.empty()) reason = failure;
   }
-  return {{}, "The bytes that were cut into the Buffer could not be kept (" + reason + ")"};
+  return {{}, kLost + (" (" + reason + ")")};
 }
 
 }  // namespace
 
 BufferRescue RescueBuffer(const ViewState& state, const Disk& disk) noexcept {
+  if (!state.BufferIsCut || state.BufferData.empty()) return {};
   try {
-    if (state.BufferIsCut && !state.BufferData.empty()) return Rescue(state.BufferData, disk);
+    try {
+      return Rescue(state.BufferData, disk);
+    } catch (const std::exception&) {
+      return {{}, kLost};
+    }
   } catch (const std::exception&) {
-    // No memory for a path is left: the report goes out without a note.
+    // Not even memory for the sentence is left: the report goes out without it.
+    return {};
   }
-  return {};
 }
 
 }  // namespace bwp

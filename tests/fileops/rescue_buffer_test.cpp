@@ -1,6 +1,9 @@
 #include "fileops/rescue_buffer.h"
 
+#include <cerrno>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <sys/stat.h>
 
 #include "fileops/buffer_operations.h"
@@ -74,6 +77,19 @@ class DeadDisk : public bwp::Disk {
   }
 };
 
+// The standard library fails in its own way, as it does where it finds no random numbers for a name.
+class FailingLibrary : public bwp::Disk {
+ public:
+  explicit FailingLibrary(std::string folder) : folder_(std::move(folder)) {}
+  int Open(const std::string& path, int flags, mode_t mode) const override {
+    if (path.starts_with(folder_)) throw std::runtime_error("no random numbers");
+    return Disk::Open(path, flags, mode);
+  }
+
+ private:
+  std::string folder_;
+};
+
 TEST(RescueBuffer, SaysWhyWhenThereIsNoWay) {
   Workplace place("0123456789");
   CutChunk(place.state, place.services);
@@ -83,6 +99,45 @@ TEST(RescueBuffer, SaysWhyWhenThereIsNoWay) {
                              place.temporary.Path()),
             0U)
       << rescue.note;
+}
+
+TEST(RescueBuffer, TriesTheNextFolderAlsoAfterAnErrorThatIsNotTheDisks) {
+  const TempFolder home;
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  const BufferRescue rescue = RescueBuffer(place.state, FailingLibrary(place.temporary.Path()));
+  EXPECT_EQ(rescue.path.find("/var/tmp/bytewarp-buffer-"), 0U) << rescue.path;
+  EXPECT_EQ(ReadFile(rescue.path), "0123456789");
+  std::filesystem::remove(rescue.path);
+}
+
+TEST(RescueBuffer, SaysThatTheBytesAreLostWhateverTheReason) {
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  const BufferRescue rescue = RescueBuffer(place.state, FailingLibrary("/"));
+  EXPECT_EQ(rescue.note, "The bytes that were cut into the Buffer could not be kept (no random numbers)");
+}
+
+// Notes which files and folders were waited for.
+class SyncWatch : public bwp::Disk {
+ public:
+  int Sync(int descriptor) const override {
+    struct stat status = {};
+    EXPECT_EQ(fstat(descriptor, &status), 0);
+    synced.push_back({status.st_dev, status.st_ino});
+    return 0;
+  }
+
+  mutable std::vector<bwp::FileIdentity> synced;
+};
+
+TEST(RescueBuffer, WaitsForTheFileThenForItsFolder) {
+  Workplace place("0123456789");
+  CutChunk(place.state, place.services);
+  const SyncWatch disk;
+  const BufferRescue rescue = RescueBuffer(place.state, disk);
+  EXPECT_EQ(disk.synced, (std::vector{bwp::IdentityOf(rescue.path).value(),
+                                      bwp::IdentityOf(place.temporary.Path()).value()}));
 }
 
 TEST(RescueBuffer, LosesNothingToASingleFault) {
