@@ -1,6 +1,8 @@
 #include "fileops/buffer_operations.h"
 
 #include <cstdint>
+#include <exception>
+#include <optional>
 #include <utility>
 
 #include "fileops/file_system.h"
@@ -11,6 +13,7 @@
 #include "viewer/number_text.h"
 #include "viewer/open_view_file.h"
 #include "viewer/refresh.h"
+#include "viewer/run_time_error.h"
 
 namespace bwp {
 namespace {
@@ -113,24 +116,59 @@ bool WouldBeTooLarge(const ViewState& state) {
   return state.FLen + static_cast<std::int64_t>(state.BufferData.size()) > kMaxFileLength;
 }
 
-// Goes on with the file under the name that it has now, which is told before anything else can fail. The
-// message names the cause in two spellings.
-void ShowRewritten(ViewState& state, Services& services, const FileReplacement& replacement,
+// The old text's memory is given back at once: a move would copy a short text into it and keep it all.
+void PutIntoBuffer(ViewState& state, std::string& chunk, bool isCut) {
+  state.BufferData.swap(chunk);
+  std::string().swap(chunk);
+  state.BufferIsCut = isCut;
+}
+
+// Puts the written content under the file's name; nothing, told, when that was cancelled or another program
+// changed the file.
+std::optional<FileReplacement::Outcome> PutInPlace(ViewState& state, const Services& services,
+                                                   FileReplacement& replacement, ScratchFile& content,
+                                                   const std::string& aborted) {
+  Progress& progress = services.progress;
+  replacement.Prepare(progress, content);
+  progress.Hide();
+  if (progress.Aborted()) {
+    replacement.Discard(content);
+    services.notices.Tell(aborted);
+    progress.ClearAbort();
+    return std::nullopt;
+  }
+  const FileReplacement::Outcome outcome = replacement.Commit();
+  if (outcome != FileReplacement::Outcome::kTargetChanged) return outcome;
+  replacement.Discard(content);
+  TellChanged(state, services);
+  return std::nullopt;
+}
+
+// Goes on with the file under the name that it has now. A new name is told before anything can end the
+// program, and after the wait for the folder, because the message may be left unread for hours. The message
+// names the cause in two spellings.
+void ShowRewritten(ViewState& state, const Services& services, const FileReplacement& replacement,
                    FileReplacement::Outcome outcome, const std::string& cause) {
+  std::exception_ptr failure;
+  try {
+    replacement.SyncFolder();
+  } catch (const RunTimeError&) {
+    failure = std::current_exception();
+  }
   if (outcome == FileReplacement::Outcome::kStandsAsNew) {
     const std::string newPath = state.OpenFile + ".new";
     services.notices.Tell("There is a SYSTEM ERROR " + cause +
                           " by windows preview!  Your file has been renamed as '" + newPath + "'");
     state.OpenFile = newPath;
   }
-  replacement.SyncFolder();
+  if (failure) std::rethrow_exception(failure);
   ReopenViewFile(state);
   Refresh(state, services.display);
 }
 
 }  // namespace
 
-void CopyChunk(ViewState& state, Services& services) {
+void CopyChunk(ViewState& state, const Services& services) {
   Progress& progress = services.progress;
   ReadStream file(state.OpenFile);
   if (!HoldsWhatIsShown(state, VersionOf(file))) return TellChanged(state, services);
@@ -152,15 +190,13 @@ void CopyChunk(ViewState& state, Services& services) {
   if (progress.Aborted()) {
     services.notices.Tell("Copy aborted");
   } else {
-    state.BufferData = std::move(chunk);
-    state.BufferIsCut = false;
+    PutIntoBuffer(state, chunk, false);
   }
   Refresh(state, services.display);
   progress.ClearAbort();
 }
 
-void CutChunk(ViewState& state, Services& services) {
-  Progress& progress = services.progress;
+void CutChunk(ViewState& state, const Services& services) {
   ReadStream old(state.OpenFile);
   FileReplacement replacement(services.disk, old);
   if (!IsAsShown(state, replacement.Old())) return TellChanged(state, services);
@@ -168,30 +204,17 @@ void CutChunk(ViewState& state, Services& services) {
 
   ScratchFile temporary = OpenTemporaryFileFor(state, services.disk);
   std::string chunk;
-  WriteWithoutChunk(state, progress, old, temporary.Writer(), chunk);
-  replacement.Prepare(progress, temporary);
-  progress.Hide();
-  if (progress.Aborted()) {
-    replacement.Discard(temporary);
-    services.notices.Tell("Cut Aborted");
-    progress.ClearAbort();
-    return;
-  }
-
-  const FileReplacement::Outcome outcome = replacement.Commit();
-  if (outcome == FileReplacement::Outcome::kTargetChanged) {
-    replacement.Discard(temporary);
-    return TellChanged(state, services);
-  }
-  // From here on the chunk stands nowhere else: whatever fails now, the Buffer has it.
-  state.BufferData = std::move(chunk);
-  state.BufferIsCut = true;
+  WriteWithoutChunk(state, services.progress, old, temporary.Writer(), chunk);
+  const auto outcome = PutInPlace(state, services, replacement, temporary, "Cut Aborted");
+  if (!outcome) return;
+  // From here on the chunk is nowhere else: whatever fails now, the Buffer has it.
+  PutIntoBuffer(state, chunk, true);
   temporary.Release();
-  ShowRewritten(state, services, replacement, outcome, "cause");
-  progress.ClearAbort();
+  ShowRewritten(state, services, replacement, *outcome, "cause");
+  services.progress.ClearAbort();
 }
 
-void InsertBuffer(ViewState& state, Services& services, const std::string& mode) {
+void InsertBuffer(ViewState& state, const Services& services, const std::string& mode) {
   Progress& progress = services.progress;
   ReadStream old(state.OpenFile);
   FileReplacement replacement(services.disk, old);
@@ -202,22 +225,10 @@ void InsertBuffer(ViewState& state, Services& services, const std::string& mode)
   progress.Show();
   ScratchFile temporary = OpenTemporaryFileFor(state, services.disk);
   WriteWithBuffer(state, progress, old, temporary.Writer(), PlaceOf(state, mode));
-  replacement.Prepare(progress, temporary);
-  progress.Hide();
-  if (progress.Aborted()) {
-    replacement.Discard(temporary);
-    services.notices.Tell("Insert aborted");
-    progress.ClearAbort();
-    return;
-  }
-
-  const FileReplacement::Outcome outcome = replacement.Commit();
-  if (outcome == FileReplacement::Outcome::kTargetChanged) {
-    replacement.Discard(temporary);
-    return TellChanged(state, services);
-  }
+  const auto outcome = PutInPlace(state, services, replacement, temporary, "Insert aborted");
+  if (!outcome) return;
   temporary.Release();
-  ShowRewritten(state, services, replacement, outcome, "caused");
+  ShowRewritten(state, services, replacement, *outcome, "caused");
   services.notices.Tell("Insert Successful");
   progress.ClearAbort();
 }

@@ -12,13 +12,13 @@
 namespace bwp {
 
 /// Copies the chunk's bytes into the Buffer.
-void CopyChunk(ViewState& state, Services& services);
+void CopyChunk(ViewState& state, const Services& services);
 
 /// Takes the chunk's bytes out of the open file, into the Buffer.
-void CutChunk(ViewState& state, Services& services);
+void CutChunk(ViewState& state, const Services& services);
 
 /// Puts the Buffer's bytes into the open file: "bms" before Mark Start, "ams" after it, "app" at the end; any
 /// other mode puts them at the start. Throws error 11 for an empty Buffer.
-void InsertBuffer(ViewState& state, Services& services, const std::string& mode);
+void InsertBuffer(ViewState& state, const Services& services, const std::string& mode);
 
 }  // namespace bwp

@@ -1,14 +1,15 @@
 #include "fileops/replace_file.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <cstdlib>
-#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "fileops/file_attributes.h"
 #include "fileops/file_system.h"
+#include "fileops/sync_folder.h"
 #include "fileops/uninterrupted.h"
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
@@ -20,21 +21,11 @@ FileVersion VersionFrom(const struct stat& status) {
   return {{status.st_dev, status.st_ino}, status.st_size, status.st_mtim};
 }
 
-// Where a rename leads to: one mount of one file system. Older systems tell file systems apart only.
-struct Mount {
-  std::uint32_t deviceMajor, deviceMinor;
-  std::uint64_t number;
-  friend bool operator==(const Mount&, const Mount&) = default;
-};
-
-Mount MountOf(const std::string& folder) {
-  struct statx status = {};
-  if (statx(AT_FDCWD, folder.empty() ? "." : folder.c_str(), 0, STATX_BASIC_STATS | STATX_MNT_ID, &status) !=
-      0) {
-    throw RunTimeErrorFromErrno(errno, folder);
-  }
-  const bool known = (status.stx_mask & STATX_MNT_ID) != 0;
-  return {status.stx_dev_major, status.stx_dev_minor, known ? status.stx_mnt_id : 0};
+// Only a hint: a rename may be refused all the same.
+bool OnOneDevice(const std::string& one, const std::string& other) {
+  const std::optional<FileIdentity> left = IdentityOf(one);
+  const std::optional<FileIdentity> right = IdentityOf(other);
+  return left && right && left->device == right->device;
 }
 
 std::string Resolved(const std::string& path) {
@@ -69,14 +60,8 @@ FileReplacement::FileReplacement(const Disk& disk, const FileSystem::ReadStream&
 void FileReplacement::Prepare(Progress& progress, ScratchFile& content) {
   if (progress.Aborted()) return;
   content_ = &content;
-  const std::string folder = funzioni::FolderOf(target_);
-  if (MountOf(folder) != MountOf(funzioni::FolderOf(content.Path()))) {
-    Stage(folder, &progress);
-  } else {
-    // The long wait for the disk comes before the mode that may let others read it.
-    content.Sync();
-    Finish(content);
-  }
+  temporaryPath_ = content.Path();
+  Stage(funzioni::FolderOf(target_), &progress);
 }
 
 void FileReplacement::Discard(ScratchFile& content) {
@@ -84,9 +69,26 @@ void FileReplacement::Discard(ScratchFile& content) {
   content.Delete();
 }
 
-// Beside the target only complete content is renamed, so it is copied there under a name of its own first.
+// The content gets the old file's mode only beside it, under a hidden name: that mode may count on a folder
+// that lets nobody in, which the temporary file's folder does.
 void FileReplacement::Stage(const std::string& folder, Progress* progress) {
   staged_.emplace(ScratchFile::Create(disk_, folder + ".bytewarp-"));
+  // The long wait for the disk: what a power cut leaves of the temporary file, the next one writes over.
+  if (OnOneDevice(content_->Path(), staged_->Path())) content_->Sync();
+  const int error = Rename(content_->Path(), staged_->Path());
+  if (error == 0) {
+    content_->Renamed(staged_->Path());
+    staged_->Leave();
+    staged_.reset();
+    Finish(*content_);
+  } else if (error == EXDEV) {
+    CopyToStaged(progress);
+  } else {
+    throw RunTimeErrorFromErrno(error, staged_->Path());
+  }
+}
+
+void FileReplacement::CopyToStaged(Progress* progress) {
   FileSystem::WriteStream output = staged_->Writer();
   FileSystem::ReadStream input(content_->Path());
   const std::int64_t length = content_->Length();
@@ -108,17 +110,21 @@ void FileReplacement::Finish(const ScratchFile& file) const {
 
 FileReplacement::Outcome FileReplacement::Commit() {
   if (TargetChanged()) return Outcome::kTargetChanged;
-  const std::string newPath = old_.Path() + ".new";
-  const std::optional<int> refusal = Move(target_, true);
-  if (!refusal) return Outcome::kTargetChanged;
-  if (*refusal == 0) return Outcome::kReplaced;
-  if (!IsNameRefused(*refusal)) throw RunTimeErrorFromErrno(*refusal, old_.Path());
+  const int refusal = Place(target_, true);
+  if (refusal == 0) return Outcome::kReplaced;
+  if (!IsNameRefused(refusal)) throw RunTimeErrorFromErrno(refusal, old_.Path());
 
-  const std::optional<int> failure = Move(newPath, false);
-  if (!failure) return Outcome::kTargetChanged;
-  if (*failure == 0) return Outcome::kStandsAsNew;
-  RunTimeError error = RunTimeErrorFromErrno(*failure, newPath);
-  if (*failure == EEXIST) {
+  const std::string newPath = old_.Path() + ".new";
+  int failure = Place(newPath, false);
+  if (failure == EXDEV) {
+    // The path is a link on another file system than its target.
+    Stage(funzioni::FolderOf(newPath), nullptr);
+    if (TargetChanged()) return Outcome::kTargetChanged;
+    failure = Place(newPath, false);
+  }
+  if (failure == 0) return Outcome::kStandsAsNew;
+  RunTimeError error = RunTimeErrorFromErrno(failure, newPath);
+  if (failure == EEXIST) {
     KeepContent();
     error.note = "The new content is kept in " + content_->Path();
   }
@@ -130,7 +136,10 @@ FileReplacement::Outcome FileReplacement::Commit() {
 void FileReplacement::KeepContent() {
   content_->Leave();
   disk_.ChangeOwner(content_->Descriptor(), geteuid(), getegid());
-  disk_.ChangeMode(content_->Descriptor(), S_IRUSR | S_IWUSR);
+  if (disk_.ChangeMode(content_->Descriptor(), S_IRUSR | S_IWUSR) != 0) return;
+  if (content_->Path() != temporaryPath_ && RenameNew(content_->Path(), temporaryPath_) == 0) {
+    content_->Renamed(temporaryPath_);
+  }
 }
 
 bool FileReplacement::TargetChanged() const {
@@ -139,21 +148,12 @@ bool FileReplacement::TargetChanged() const {
          Resolved(old_.Path()) != target_;
 }
 
-// Zero or the system's error number; nothing when the target was changed meanwhile. A link may stand on
-// another file system than its target, and some systems show only now that no rename leads across.
-std::optional<int> FileReplacement::Move(const std::string& to, bool overwrite) {
-  const int error = TryMove(to, overwrite);
-  if (error != EXDEV) return error;
-  Stage(funzioni::FolderOf(to), nullptr);
-  if (TargetChanged()) return std::nullopt;
-  return TryMove(to, overwrite);
-}
-
-int FileReplacement::TryMove(const std::string& to, bool overwrite) {
+// Gives the content that name; zero or the system's error number.
+int FileReplacement::Place(const std::string& name, bool overwrite) {
   ScratchFile& ready = staged_ ? *staged_ : *content_;
   // Nothing may fail between the rename and the caller's taking note of it, so this comes first.
-  placed_ = to;
-  const int error = overwrite ? Rename(ready.Path(), to) : RenameNew(ready.Path(), to);
+  placed_ = name;
+  const int error = overwrite ? Rename(ready.Path(), name) : RenameNew(ready.Path(), name);
   if (error == 0) ready.Leave();
   return error;
 }
@@ -173,18 +173,11 @@ int FileReplacement::RenameNew(const std::string& from, const std::string& to) c
 }
 
 void FileReplacement::SyncFolder() const {
-  const std::string folder = funzioni::FolderOf(placed_);
-  const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;  // Writable but not readable: such a folder cannot be waited for.
-  const int result = Uninterrupted([&] { return disk_.Sync(descriptor); });
-  const int error = errno;
-  close(descriptor);
-  // Some network file systems know no waiting for a folder.
-  if (result != 0 && error != EINVAL && error != ENOTSUP) {
-    RunTimeError failure = RunTimeErrorFromErrno(error, placed_);
-    failure.note = "The file holds the new content, but a power cut may still undo that.";
-    throw failure;
-  }
+  const int error = SyncFolderOf(disk_, placed_);
+  if (error == 0) return;
+  RunTimeError failure = RunTimeErrorFromErrno(error, placed_);
+  failure.note = "The file holds the new content, but a power cut may still undo that.";
+  throw failure;
 }
 
 }  // namespace bwp

@@ -43,15 +43,16 @@ class FileReplacement {
   const FileVersion& Old() const { return version_; }
 
   /// Brings the new content, which must stay until Commit, to where only a rename is missing: on the disk,
-  /// with the old file's attributes, on its file system. Copying it there takes steps of the progress and
-  /// ends on Cancel; nothing is done after Cancel. Throws the platform's file error.
+  /// with the old file's attributes, under a hidden name beside it. Copying it there from another file system
+  /// takes steps of the progress and ends on Cancel; nothing is done after Cancel. Throws the platform's file
+  /// error.
   void Prepare(Progress& progress, ScratchFile& content);
 
   /// Gives up what was prepared and deletes the content. Throws the platform's file error.
   void Discard(ScratchFile& content);
 
-  /// The rename. Throws the platform's file error with nothing changed; 58 when the ".new" name is taken, and
-  /// the content then stays where it is, as the error's note says.
+  /// The rename. Throws the platform's file error with nothing changed; 58 when the ".new" name is taken; the
+  /// content is then kept in the temporary file, as the error's note says.
   Outcome Commit();
 
   /// Makes the rename last through a power cut. Throws the platform's file error; the name holds the new
@@ -61,10 +62,10 @@ class FileReplacement {
  private:
   bool TargetChanged() const;
   void Stage(const std::string& folder, Progress* progress);
+  void CopyToStaged(Progress* progress);
   void Finish(const ScratchFile& file) const;
   void KeepContent();
-  std::optional<int> Move(const std::string& to, bool overwrite);
-  int TryMove(const std::string& to, bool overwrite);
+  int Place(const std::string& name, bool overwrite);
   int Rename(const std::string& from, const std::string& to) const;
   int RenameNew(const std::string& from, const std::string& to) const;
 
@@ -73,7 +74,8 @@ class FileReplacement {
   std::string target_;  ///< The path with its links resolved.
   FileVersion version_;
   ScratchFile* content_ = nullptr;
-  std::optional<ScratchFile> staged_;  ///< The content's copy on the target's file system.
+  std::string temporaryPath_;          ///< Where the content was gathered.
+  std::optional<ScratchFile> staged_;  ///< The content's copy, where it had to be copied to its new place.
   std::string placed_;                 ///< Where the content went.
 };
 

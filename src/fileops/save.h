@@ -23,15 +23,17 @@ SaveTask SaveChunkTask(const ViewState& state);
 /// The click on Save, after `Saver` was hidden: asks before it overwrites, saves into LastFolder under the
 /// typed name and, after a Save As that was not cancelled, shows the copy as the open file. Throws as
 /// SaveChunk does.
-void SaveUnderTypedName(ViewState& state, Services& services, const SaveTask& task, const std::string& name);
+void SaveUnderTypedName(ViewState& state, const Services& services, const SaveTask& task,
+                        const std::string& name);
 
 /// The double click on a name of the file list: as the click on Save, but for the question's wording.
-void SaveOntoListedFile(ViewState& state, Services& services, const SaveTask& task, const std::string& name);
+void SaveOntoListedFile(ViewState& state, const Services& services, const SaveTask& task,
+                        const std::string& name);
 
 /// Saves bytes of the open file under another name, replacing what is there; all of them when no range is
 /// given. Cancel leaves a short file. Throws the platform's file error, 70 for a name that the open file
 /// needs; what was written is then removed again.
-void SaveChunk(const ViewState& state, Services& services, const std::string& destination,
+void SaveChunk(const ViewState& state, const Services& services, const std::string& destination,
                std::optional<std::int64_t> from = std::nullopt,
                std::optional<std::int64_t> to = std::nullopt);
 

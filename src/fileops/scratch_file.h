@@ -34,6 +34,8 @@ class ScratchFile {
   void Delete();
   /// Ends it before this object does: deletes it if it is still ours and gives up its lock.
   void Release();
+  /// It has been renamed.
+  void Renamed(const std::string& path) { path_ = path; }
   /// The file is no longer ours to delete: it has its own name now, or is to stay.
   void Leave() { ours_ = false; }
   /// It is ours to delete again.

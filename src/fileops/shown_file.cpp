@@ -13,7 +13,7 @@ bool HoldsWhatIsShown(const ViewState& state, const FileVersion& version) {
   return version.identity == state.file.Identity() && version.length >= state.FLen;
 }
 
-void TellChanged(ViewState& state, Services& services) {
+void TellChanged(ViewState& state, const Services& services) {
   services.notices.Tell("The file was changed by another program", kErrorTitle, Notices::Icon::kCritical);
   ReopenViewFile(state);
   if (state.file.Length() > kMaxFileLength) TellTooLarge(services.notices);

@@ -15,7 +15,7 @@ bool HoldsWhatIsShown(const ViewState& state, const FileVersion& version);
 
 /// Tells that it was changed and shows it as it is now; what it holds past the limit is told and not shown.
 /// Throws the platform's file error.
-void TellChanged(ViewState& state, Services& services);
+void TellChanged(ViewState& state, const Services& services);
 
 /// Tells that the chunk lies past the end of the file.
 void TellNoByte(Notices& notices);

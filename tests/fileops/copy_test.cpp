@@ -1,18 +1,23 @@
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "fileops/buffer_operations.h"
+#include "fileops/file_system.h"
+#include "support/cancelling.h"
+#include "support/errors.h"
 #include "support/workplace.h"
 
 namespace {
 
 using bwp::CopyChunk;
+using bwp::test::EndOf;
 using bwp::test::ErrorOf;
+using bwp::test::kMemory;
 using bwp::test::PatternBytes;
 using bwp::test::Transcript;
 using bwp::test::Workplace;
 
-constexpr std::size_t kBlock = 1'048'576;
-constexpr const char* kMemory = "/dev/shm";  // Where many rounds do not wear out a disk.
+constexpr auto kBlock = static_cast<std::size_t>(FileSystem::kCopyBlock);
 
 TEST(Copy, SeeksMarkStartThenReadsTheChunk) {
   Workplace place("0123456789");
@@ -57,31 +62,53 @@ TEST(Copy, TakesEveryByteValue) {
 
 TEST(Copy, CancelledAtAnyMomentKeepsTheBuffer) {
   const std::string bytes = PatternBytes(3 * kBlock + 5);
-  for (int round = 1;; ++round) {
-    Workplace place(bytes, Workplace::RealDisk(), kMemory, kMemory);
-    place.Mark(kBlock + 1, static_cast<std::int64_t>(bytes.size()) - 1);
-    place.state.BufferData = "before";
-    place.state.BufferIsCut = true;
-    place.progress.CancelAtEvents(round);
-    CopyChunk(place.state, place.services);
-    const bool cancelled = place.progress.EventRounds() >= round;
-    const Transcript story = place.Story();
-    EXPECT_FALSE(place.progress.Aborted());
-    EXPECT_FALSE(place.progress.Visible());
-    EXPECT_EQ(place.Bytes(), bytes);
-    if (!cancelled) {
-      EXPECT_EQ(place.state.BufferData, bytes.substr(kBlock + 1));
-      EXPECT_GE(round, 6);
-      break;
-    }
-    EXPECT_EQ(Transcript(story.end() - 5, story.end()),
-              (Transcript{"bar 0", "hide", "tell Copy aborted", "refresh", "clear abort"}));
-    EXPECT_EQ(place.state.BufferData, "before");
-    EXPECT_TRUE(place.state.BufferIsCut);
+  const bwp::test::Cancelling<Workplace> copy{
+      .make =
+          [&] {
+            auto place = std::make_unique<Workplace>(bytes, Workplace::RealDisk(), kMemory, kMemory);
+            place->Mark(kBlock + 1, static_cast<std::int64_t>(bytes.size()) - 1);
+            place->state.BufferData = "before";
+            place->state.BufferIsCut = true;
+            return place;
+          },
+      .run = [](Workplace& place) { CopyChunk(place.state, place.services); },
+      .expectCancelled =
+          [&](Workplace& place, const Transcript& story) {
+            EXPECT_EQ(EndOf(story, 5),
+                      (Transcript{"bar 0", "hide", "tell Copy aborted", "refresh", "clear abort"}));
+            EXPECT_TRUE(place.Bytes() == bytes);
+            EXPECT_EQ(place.state.BufferData, "before");
+            EXPECT_TRUE(place.state.BufferIsCut);
+          },
+      .expectDone =
+          [&](Workplace& place) {
+            EXPECT_TRUE(place.Bytes() == bytes);
+            EXPECT_TRUE(place.state.BufferData == bytes.substr(kBlock + 1));
+            EXPECT_FALSE(place.state.BufferIsCut);
+          }};
+  // The window, the two blocks of the skip, the second step and its three blocks.
+  EXPECT_EQ(CancelInEveryRound(copy), 7);
+}
 
-    CopyChunk(place.state, place.services);
-    EXPECT_EQ(place.state.BufferData, bytes.substr(kBlock + 1));
-  }
+TEST(Copy, CancelledInTheSkipStillAnnouncesTheCopy) {
+  Workplace place(PatternBytes(3 * kBlock));
+  place.Mark(2 * kBlock, 3 * kBlock - 1);
+  place.progress.CancelAtEvents(2);
+  CopyChunk(place.state, place.services);
+  EXPECT_EQ(place.Story(),
+            (Transcript{"caption Seeking MarkStart", "label Wait please", "show", "events", "bar 50",
+                        "events", "caption Copy", "label Copying Chunk to Buffer", "events", "bar 0", "hide",
+                        "tell Copy aborted", "refresh", "clear abort"}));
+  EXPECT_EQ(place.state.BufferData, "");
+}
+
+TEST(Copy, OfAFewBytesGivesBackTheMemoryOfALargeBuffer) {
+  Workplace place("0123456789");
+  place.state.BufferData = PatternBytes(kBlock);
+  place.Mark(3, 5);
+  CopyChunk(place.state, place.services);
+  EXPECT_EQ(place.state.BufferData, "345");
+  EXPECT_LT(place.state.BufferData.capacity(), 100U);
 }
 
 TEST(Copy, TakesTheBytesThatAreThereWhenMarkEndLiesPastTheEnd) {

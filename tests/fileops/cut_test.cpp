@@ -1,23 +1,29 @@
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "fileops/buffer_operations.h"
+#include "fileops/file_system.h"
 #include "fileops/temporary_file.h"
+#include "support/cancelling.h"
+#include "support/errors.h"
 #include "support/workplace.h"
 #include "viewer/open_view_file.h"
 
 namespace {
 
 using bwp::CutChunk;
+using bwp::test::EndOf;
 using bwp::test::ErrorOf;
+using bwp::test::kMemory;
+using bwp::test::kNothing;
+using bwp::test::kOnDisk;
+using bwp::test::kOnlyTheFile;
 using bwp::test::PatternBytes;
 using bwp::test::Transcript;
 using bwp::test::Workplace;
 
-constexpr std::size_t kBlock = 1'048'576;
-constexpr const char* kMemory = "/dev/shm";  // Where many rounds do not wear out a disk.
-const std::vector<std::string> kOnlyTheFile{"data"};
-const std::vector<std::string> kNothing;
+constexpr auto kBlock = static_cast<std::size_t>(FileSystem::kCopyBlock);
 
 TEST(Cut, FromTheMiddleTakesThreeSteps) {
   Workplace place("0123456789");
@@ -108,37 +114,49 @@ class CancelledCut : public testing::TestWithParam<const char*> {};
 TEST_P(CancelledCut, AtAnyMomentLeavesFileAndBufferAndNoTemporaryFile) {
   const std::string bytes = PatternBytes(4 * kBlock + 5);
   const std::string rest = bytes.substr(0, kBlock + 7) + bytes.substr(2 * kBlock + 8);
-  for (int round = 1;; ++round) {
-    Workplace place(bytes, Workplace::RealDisk(), kMemory, GetParam());
-    place.Mark(kBlock + 7, 2 * kBlock + 7);
-    place.state.BufferData = "before";
-    place.progress.CancelAtEvents(round);
-    CutChunk(place.state, place.services);
-    const bool cancelled = place.progress.EventRounds() >= round;
-    const Transcript story = place.Story();
-    EXPECT_FALSE(place.progress.Aborted());
-    EXPECT_FALSE(place.progress.Visible());
+  const auto expectNoOtherFile = [](const Workplace& place) {
     EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
     EXPECT_EQ(place.temporary.Names(), kNothing);
-    if (!cancelled) {
-      EXPECT_EQ(place.Bytes(), rest);
-      EXPECT_GE(round, GetParam() == std::string(kMemory) ? 13 : 18);
-      break;
-    }
-    EXPECT_EQ(Transcript(story.end() - 4, story.end()),
-              (Transcript{"bar 0", "hide", "tell Cut Aborted", "clear abort"}));
-    EXPECT_EQ(place.Bytes(), bytes);
-    EXPECT_EQ(place.state.BufferData, "before");
-    EXPECT_FALSE(place.state.BufferIsCut);
-
-    CutChunk(place.state, place.services);
-    EXPECT_EQ(place.Bytes(), rest);
-    EXPECT_EQ(place.state.BufferData, bytes.substr(kBlock + 7, kBlock + 1));
-  }
+  };
+  const bwp::test::Cancelling<Workplace> cut{
+      .make =
+          [&] {
+            auto place = std::make_unique<Workplace>(bytes, Workplace::RealDisk(), kMemory, GetParam());
+            place->Mark(kBlock + 7, 2 * kBlock + 7);
+            place->state.BufferData = "before";
+            return place;
+          },
+      .run = [](Workplace& place) { CutChunk(place.state, place.services); },
+      .expectCancelled =
+          [&](Workplace& place, const Transcript& story) {
+            EXPECT_EQ(EndOf(story, 4), (Transcript{"bar 0", "hide", "tell Cut Aborted", "clear abort"}));
+            expectNoOtherFile(place);
+            EXPECT_TRUE(place.Bytes() == bytes);
+            EXPECT_EQ(place.state.BufferData, "before");
+            EXPECT_FALSE(place.state.BufferIsCut);
+          },
+      .expectDone =
+          [&](Workplace& place) {
+            expectNoOtherFile(place);
+            EXPECT_TRUE(place.Bytes() == rest);
+            EXPECT_TRUE(place.state.BufferData == bytes.substr(kBlock + 7, kBlock + 1));
+          }};
+  // The window; the head, the chunk and the tail, each with two blocks; four blocks of staging. What is
+  // copied from file to file lets events run once more before its first block.
+  EXPECT_EQ(CancelInEveryRound(cut), GetParam() == std::string(kMemory) ? 12 : 17);
 }
 
 INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, CancelledCut, testing::Values(kMemory));
-INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, CancelledCut, testing::Values("/var/tmp"));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, CancelledCut, testing::Values(kOnDisk));
+
+TEST(Cut, OfAFewBytesGivesBackTheMemoryOfALargeBuffer) {
+  Workplace place("0123456789");
+  place.state.BufferData = PatternBytes(kBlock);
+  place.Mark(3, 5);
+  CutChunk(place.state, place.services);
+  EXPECT_EQ(place.state.BufferData, "345");
+  EXPECT_LT(place.state.BufferData.capacity(), 100U);
+}
 
 TEST(Cut, CancelledInTheHeadStillAnnouncesTheOtherSteps) {
   Workplace place("0123456789");
@@ -168,7 +186,7 @@ TEST(Cut, CancelledInTheHeadStillAnnouncesTheOtherSteps) {
 }
 
 TEST(Cut, AcrossFileSystemsShowsHowTheNewContentIsBroughtThere) {
-  Workplace place("0123456789", Workplace::RealDisk(), "/var/tmp", kMemory);
+  Workplace place("0123456789", Workplace::RealDisk(), kOnDisk, kMemory);
   place.Mark(0, 2);
   CutChunk(place.state, place.services);
   EXPECT_EQ(place.Story(), (Transcript{"show",
@@ -228,14 +246,13 @@ TEST(Cut, OfTheTemporaryFileItselfIsError70AndTheFileIsWhole) {
 
 TEST(Cut, CancelledWhileStagingAcrossFileSystemsLeavesNothing) {
   const std::string bytes = PatternBytes(3 * kBlock);
-  Workplace place(bytes, Workplace::RealDisk(), "/var/tmp", "/dev/shm");
+  Workplace place(bytes, Workplace::RealDisk(), kOnDisk, kMemory);
   place.Mark(0, 0);
   // The tail's three blocks come before those of the staging.
   place.progress.CancelAtEvents(9);
   CutChunk(place.state, place.services);
   const Transcript story = place.Story();
-  EXPECT_EQ(Transcript(story.end() - 3, story.end()),
-            (Transcript{"hide", "tell Cut Aborted", "clear abort"}));
+  EXPECT_EQ(EndOf(story, 3), (Transcript{"hide", "tell Cut Aborted", "clear abort"}));
   EXPECT_EQ(place.Bytes(), bytes);
   EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
   EXPECT_EQ(place.temporary.Names(), kNothing);
@@ -290,7 +307,7 @@ TEST(Cut, OfAFileThatGrowsMeanwhileLeavesItAsItIs) {
   place.progress.onEvents = [&] { place.folder.Write("data", "0123456789 and more"); };
   CutChunk(place.state, place.services);
   const Transcript story = place.Story();
-  EXPECT_EQ(Transcript(story.end() - 3, story.end()),
+  EXPECT_EQ(EndOf(story, 3),
             (Transcript{"hide", "tell [Error !] The file was changed by another program (x)", "refresh"}));
   EXPECT_EQ(place.Bytes(), "0123456789 and more");
   EXPECT_EQ(place.state.FLen, 19);

@@ -1,22 +1,29 @@
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "fileops/buffer_operations.h"
+#include "fileops/file_system.h"
 #include "fileops/temporary_file.h"
+#include "support/cancelling.h"
+#include "support/errors.h"
 #include "support/workplace.h"
 #include "viewer/open_view_file.h"
 
 namespace {
 
 using bwp::InsertBuffer;
+using bwp::test::EndOf;
 using bwp::test::ErrorOf;
+using bwp::test::kMemory;
+using bwp::test::kNothing;
+using bwp::test::kOnDisk;
+using bwp::test::kOnlyTheFile;
 using bwp::test::PatternBytes;
 using bwp::test::Transcript;
 using bwp::test::Workplace;
 
-constexpr std::size_t kBlock = 1'048'576;
-const std::vector<std::string> kOnlyTheFile{"data"};
-const std::vector<std::string> kNothing;
+constexpr auto kBlock = static_cast<std::size_t>(FileSystem::kCopyBlock);
 
 struct Filled : Workplace {
   explicit Filled(std::string_view bytes, std::string buffer = "xyz", const std::string& under = {},
@@ -189,37 +196,55 @@ TEST_P(CancelledInsert, AtAnyMomentLeavesTheFileAndNoTemporaryFile) {
   const std::string bytes = PatternBytes(4 * kBlock + 5);
   const std::string buffer = PatternBytes(kBlock + 1);
   const std::string result = bytes.substr(0, 2 * kBlock) + buffer + bytes.substr(2 * kBlock);
-  for (int round = 1;; ++round) {
-    Filled place(bytes, buffer, "/dev/shm", GetParam());
-    place.Mark(2 * kBlock, 2 * kBlock);
-    place.progress.CancelAtEvents(round);
-    place.Insert("bms");
-    const bool cancelled = place.progress.EventRounds() >= round;
-    const Transcript story = place.Story();
-    EXPECT_FALSE(place.progress.Aborted());
-    EXPECT_FALSE(place.progress.Visible());
+  const auto expectNothingElse = [&](const Workplace& place) {
     EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
     EXPECT_EQ(place.temporary.Names(), kNothing);
-    EXPECT_EQ(place.state.BufferData, buffer);
-    if (!cancelled) {
-      EXPECT_EQ(place.Bytes(), result);
-      EXPECT_GE(round, GetParam() == std::string("/dev/shm") ? 13 : 19);
-      break;
-    }
-    EXPECT_EQ(Transcript(story.end() - 3, story.end()),
-              (Transcript{"hide", "tell Insert aborted", "clear abort"}));
-    EXPECT_EQ(place.Bytes(), bytes);
-
-    place.Insert("bms");
-    EXPECT_EQ(place.Bytes(), result);
-  }
+    EXPECT_TRUE(place.state.BufferData == buffer);
+  };
+  const bwp::test::Cancelling<Filled> insert{
+      .make =
+          [&] {
+            auto place = std::make_unique<Filled>(bytes, buffer, kMemory, GetParam());
+            place->Mark(2 * kBlock, 2 * kBlock);
+            return place;
+          },
+      .run = [](Filled& place) { place.Insert("bms"); },
+      .expectCancelled =
+          [&](Filled& place, const Transcript& story) {
+            EXPECT_EQ(EndOf(story, 3), (Transcript{"hide", "tell Insert aborted", "clear abort"}));
+            expectNothingElse(place);
+            EXPECT_TRUE(place.Bytes() == bytes);
+          },
+      .expectDone =
+          [&](Filled& place) {
+            expectNothingElse(place);
+            EXPECT_TRUE(place.Bytes() == result);
+          }};
+  // The window; the head and the Buffer with two blocks each, the tail with three; six blocks of staging.
+  // What is copied from file to file lets events run once more before its first block.
+  EXPECT_EQ(CancelInEveryRound(insert), GetParam() == std::string(kMemory) ? 13 : 20);
 }
 
-INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, CancelledInsert, testing::Values("/dev/shm"));
-INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, CancelledInsert, testing::Values("/var/tmp"));
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, CancelledInsert, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, CancelledInsert, testing::Values(kOnDisk));
+
+TEST(Insert, CancelledInTheHeadStillAnnouncesTheOtherSteps) {
+  Filled place("0123456789");
+  place.Mark(3, 5);
+  place.progress.CancelAtEvents(3);
+  place.Insert("bms");
+  EXPECT_EQ(place.Story(),
+            (Transcript{"caption Insert Buffer", "show", "events", "caption Insert Buffer, Step  1 of  3",
+                        "label Copying from  0 to MarkStart-1", "events", "events", "bar 100", "events",
+                        "caption Insert Buffer, Step  2 of  3", "label Copying Buffer to BEFORE MarkStart",
+                        "events", "caption Insert Buffer, Step  3 of  3",
+                        "label Copying from MarkStart to end of file", "events", "hide",
+                        "tell Insert aborted", "clear abort"}));
+  EXPECT_EQ(place.Bytes(), "0123456789");
+}
 
 TEST(Insert, AcrossFileSystemsShowsHowTheNewContentIsBroughtThere) {
-  Filled place("0123456789", "xyz", "/var/tmp", "/dev/shm");
+  Filled place("0123456789", "xyz", kOnDisk, kMemory);
   place.Insert("app");
   EXPECT_EQ(place.Story(), (Transcript{"caption Insert Buffer",
                                        "show",
@@ -247,7 +272,7 @@ TEST(Insert, AcrossFileSystemsShowsHowTheNewContentIsBroughtThere) {
 }
 
 TEST(Insert, AcrossFileSystemsKeepsNoTemporaryFileWhileItTellsOfItsSuccess) {
-  Filled place("0123456789", "xyz", "/var/tmp", "/dev/shm");
+  Filled place("0123456789", "xyz", kOnDisk, kMemory);
   bool told = false;
   place.notices.onTell = [&] {
     told = true;
@@ -259,10 +284,18 @@ TEST(Insert, AcrossFileSystemsKeepsNoTemporaryFileWhileItTellsOfItsSuccess) {
   EXPECT_TRUE(told);
 }
 
+TEST(Insert, UpToTheLimitIsAccepted) {
+  Filled place("0123456789");
+  std::filesystem::resize_file(place.state.OpenFile, bwp::kMaxFileLength - 3);
+  bwp::OpenViewFile(place.state, place.state.OpenFile);
+  place.progress.CancelAtEvents(1);
+  place.Insert("bms");
+  EXPECT_EQ(EndOf(place.Story(), 3), (Transcript{"hide", "tell Insert aborted", "clear abort"}));
+}
+
 TEST(Insert, PastTheLimitIsRefusedBeforeAnythingIsWritten) {
   Filled place("0123456789");
-  place.state.BufferData = "xyz";
-  std::filesystem::resize_file(place.state.OpenFile, 2'147'483'645);
+  std::filesystem::resize_file(place.state.OpenFile, bwp::kMaxFileLength - 2);
   bwp::OpenViewFile(place.state, place.state.OpenFile);
   place.Insert("app");
   EXPECT_EQ(place.Story(),

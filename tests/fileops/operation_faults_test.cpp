@@ -1,4 +1,5 @@
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 #include "support/failing_disk.h"
 #include "support/workplace.h"
 #include "viewer/open_view_file.h"
+#include "viewer/run_time_error.h"
 
 // Every call that changes the disk fails once, one after the other, until the operation runs through; what
 // must never be lost is looked at each time.
@@ -47,17 +49,33 @@ struct Operation {
 };
 
 // What the disk is like, all faults aside.
-enum class Ground { kOneFileSystem, kTwoFileSystems, kNoNameGivenUp, kTwoThatLookLikeOne };
+enum class Ground {
+  kOneFileSystem,
+  kTwoFileSystems,
+  kTwoThatLookLikeOne,
+  kNoNameGivenUp,
+  kNoNameGivenUpAndNoRenameToANewOne,
+  kFoldersWithAccessLists
+};
+
+bool GivesUpNames(Ground ground) {
+  return ground != Ground::kNoNameGivenUp && ground != Ground::kNoNameGivenUpAndNoRenameToANewOne;
+}
 
 // Faults on top of that ground.
 class GroundDisk : public FailingDisk {
  public:
   explicit GroundDisk(Ground ground) : ground_(ground) {}
   int Rename(const std::string& from, const std::string& to) const override {
-    const bool refused = ground_ == Ground::kNoNameGivenUp;
-    const bool staged = from.find("/.bytewarp-") != std::string::npos;
-    if (!refused && (ground_ != Ground::kTwoThatLookLikeOne || staged)) return FailingDisk::Rename(from, to);
-    errno = refused ? EPERM : EXDEV;
+    const bool hidden = to.find("/.bytewarp-") != std::string::npos;
+    const bool refused = hidden ? ground_ == Ground::kTwoThatLookLikeOne : !GivesUpNames(ground_);
+    if (!refused) return FailingDisk::Rename(from, to);
+    errno = hidden ? EXDEV : EPERM;
+    return -1;
+  }
+  int RenameNew(const std::string& from, const std::string& to) const override {
+    if (ground_ != Ground::kNoNameGivenUpAndNoRenameToANewOne) return FailingDisk::RenameNew(from, to);
+    errno = EINVAL;
     return -1;
   }
   void BecomeOrdinary() { ground_ = Ground::kOneFileSystem; }
@@ -65,6 +83,19 @@ class GroundDisk : public FailingDisk {
  private:
   Ground ground_;
 };
+
+// Each new file in the folder lets user 1234 read it.
+void GiveAccessListToNewFiles(const std::string& folder) {
+  struct Entry {
+    std::uint16_t tag, permissions;
+    std::uint32_t id;
+  };
+  const struct {
+    std::uint32_t version = 2;
+    Entry entries[5] = {{1, 6, ~0U}, {2, 4, 1234}, {4, 4, ~0U}, {16, 4, ~0U}, {32, 0, ~0U}};
+  } list;
+  EXPECT_EQ(setxattr(folder.c_str(), "system.posix_acl_default", &list, sizeof list, 0), 0);
+}
 
 void PrintTo(const Operation& operation, std::ostream* out) {
   *out << operation.name;
@@ -117,13 +148,18 @@ class Trial {
         ground_(ground),
         fault_(fault),
         disk_(ground),
-        place_(OldBytes(), disk_, "/dev/shm", ground == Ground::kTwoFileSystems ? "/var/tmp" : "/dev/shm") {
+        place_(OldBytes(), disk_, bwp::test::kMemory,
+               ground == Ground::kTwoFileSystems ? bwp::test::kOnDisk : bwp::test::kMemory) {
     data_ = place_.state.OpenFile;
     EXPECT_EQ(chmod(data_.c_str(), kMode), 0);
     if (geteuid() == 0) {
       EXPECT_EQ(chown(data_.c_str(), kOwner, kOwner), 0);
     }
     attributes_ = setxattr(data_.c_str(), "user.colour", "blue", 4, 0) == 0;
+    if (ground == Ground::kFoldersWithAccessLists) {
+      GiveAccessListToNewFiles(place_.folder.Path());
+      GiveAccessListToNewFiles(place_.temporary.Path());
+    }
     place_.folder.Write("copy", "old");
     place_.state.LastFolder = place_.folder.Path();
     place_.state.BufferData = kBuffer;
@@ -187,7 +223,7 @@ class Trial {
     }
     std::vector<std::string> expected{"data"};
     if (StandsAsNew()) {
-      EXPECT_TRUE(fault_ == Fault::kNoPermission || ground_ == Ground::kNoNameGivenUp);
+      EXPECT_TRUE(fault_ == Fault::kNoPermission || !GivesUpNames(ground_));
       expected.emplace_back("data.new");
       EXPECT_EQ(ReadFile(data_), OldBytes());
       CheckNewContent(data_ + ".new");
@@ -209,6 +245,7 @@ class Trial {
     if (geteuid() == 0) {
       EXPECT_EQ(status.st_gid, kOwner);
     }
+    EXPECT_LT(getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0), 0);
     char colour[8] = {};
     if (attributes_) {
       EXPECT_EQ(getxattr(path.c_str(), "user.colour", colour, sizeof colour), 4);
@@ -263,12 +300,26 @@ Calls CertainCalls(const Operation& operation, Ground ground) {
   if (name.starts_with("Save")) return {"delete copy", "open copy", "copy range", "close"};
   const Calls writing{"open temporary", "lock", "change mode", "truncate", "copy range", "close"};
   if (name == "CancelledStaging") {
-    return writing + Calls{"open staged", "delete staged", "delete temporary"};
+    return writing + Calls{"open staged", "rename staged", "delete staged", "delete temporary"};
   }
   if (name.starts_with("Cancelled")) return writing + Calls{"delete temporary"};
-  if (ground == Ground::kOneFileSystem) return writing + Calls{"sync", "rename data"};
-  if (ground == Ground::kNoNameGivenUp) return writing + Calls{"sync", "rename new data.new"};
-  return writing + Calls{"open staged", "sync", "rename data", "delete temporary"};
+  const Calls placing = writing + Calls{"open staged", "sync"};
+  const Calls moving = placing + Calls{"rename staged"};
+  switch (ground) {
+    case Ground::kOneFileSystem:
+      return moving + Calls{"rename data"};
+    case Ground::kTwoFileSystems:
+      return moving + Calls{"rename data", "delete temporary"};
+    case Ground::kTwoThatLookLikeOne:
+      return placing + Calls{"rename data", "delete temporary"};
+    case Ground::kNoNameGivenUp:
+      return moving + Calls{"rename new data.new"};
+    case Ground::kNoNameGivenUpAndNoRenameToANewOne:
+      return moving + Calls{"link data.new", "delete staged"};
+    case Ground::kFoldersWithAccessLists:
+      return moving + Calls{"remove attribute", "rename data"};
+  }
+  return {};
 }
 
 void FailOneCallAfterTheOther(const Operation& operation, Ground ground) {
@@ -300,6 +351,14 @@ TEST_P(EveryFault, AcrossTwoFileSystemsLosesNothing) {
 
 TEST_P(EveryFault, WhereNoNameIsGivenUpLosesNothing) {
   FailOneCallAfterTheOther(GetParam(), Ground::kNoNameGivenUp);
+}
+
+TEST_P(EveryFault, WhereNoRenameRefusesToOverwriteLosesNothing) {
+  FailOneCallAfterTheOther(GetParam(), Ground::kNoNameGivenUpAndNoRenameToANewOne);
+}
+
+TEST_P(EveryFault, InFoldersWithAccessListsLosesNothing) {
+  FailOneCallAfterTheOther(GetParam(), Ground::kFoldersWithAccessLists);
 }
 
 TEST_P(EveryFault, WhereOneFileSystemTurnsOutToBeTwoLosesNothing) {

@@ -13,38 +13,31 @@
 
 #include "fileops/buffer_operations.h"
 #include "support/child.h"
-#include "support/workplace.h"
-#include "viewer/open_view_file.h"
+#include "support/errors.h"
+#include "support/marked_file.h"
 
 // What a cut leaves of the file that it replaces, and what it does where the name cannot be replaced.
 namespace {
 
-using bwp::CutChunk;
 using bwp::InsertBuffer;
 using bwp::test::ErrorOf;
 using bwp::test::InChild;
 using bwp::test::InOwnMounts;
+using bwp::test::kMemory;
+using bwp::test::kNothing;
+using bwp::test::kOnDisk;
+using bwp::test::kOnlyTheFile;
+using bwp::test::MarkedFile;
 using bwp::test::ReadFile;
 using bwp::test::TempFolder;
 using bwp::test::Transcript;
-using bwp::test::Workplace;
 using Names = std::vector<std::string>;
 
-const std::string kBytes = "0123456789";
-const std::string kRest = "56789";
+const std::string& kBytes = MarkedFile::kBytes;
+const std::string& kRest = MarkedFile::kRest;
 
-// A file of ten bytes, the first five marked. Both folders lie on a disk, so that attributes work everywhere.
-struct Place : Workplace {
-  explicit Place(const std::string& temporaryUnder = "/var/tmp", const std::string& under = "/var/tmp")
-      : Workplace(kBytes, RealDisk(), under, temporaryUnder), data(state.OpenFile) {
-    Mark(0, 4);
-  }
-
-  void Open(const std::string& path) {
-    OpenViewFile(state, path);
-    Mark(0, 4);
-  }
-  void Cut() { CutChunk(state, services); }
+struct Place : MarkedFile {
+  explicit Place(const std::string& temporaryUnder = kOnDisk) : MarkedFile(RealDisk(), temporaryUnder) {}
   std::string LastMessage() {
     std::string message;
     for (const std::string& line : Story()) {
@@ -52,8 +45,6 @@ struct Place : Workplace {
     }
     return message;
   }
-
-  std::string data;
 };
 
 struct stat StatusOf(const std::string& path) {
@@ -177,8 +168,8 @@ void ExpectRecovery(Place& place, const std::string& name) {
   EXPECT_EQ(place.state.FLen, 5);
   EXPECT_EQ(ReadFile(name), kBytes);
   EXPECT_EQ(ReadFile(name + ".new"), kRest);
-  EXPECT_EQ(place.state.BufferData, "01234");
-  EXPECT_EQ(place.temporary.Names(), Names{});
+  EXPECT_EQ(place.state.BufferData, MarkedFile::kMarked);
+  EXPECT_EQ(place.temporary.Names(), kNothing);
 }
 
 // The old file stays, so does what had the new name, and the new content in the temporary file.
@@ -274,14 +265,14 @@ TEST_P(ReplaceAsRoot, InAFolderThatTakesNoNewNamesIsError70) {
     EXPECT_TRUE(error.path.starts_with(place.folder.Path())) << error.path;
     EXPECT_EQ(ReadFile(place.data), kBytes);
     EXPECT_EQ(place.state.BufferData, "");
-    EXPECT_EQ(place.folder.Names(), Names{"data"});
-    EXPECT_EQ(place.temporary.Names(), Names{});
+    EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+    EXPECT_EQ(place.temporary.Names(), kNothing);
   });
 }
 
 TEST_P(Replace, OfAMountPointGoesOnUnderTheNewName) {
   Place place(GetParam());
-  const TempFolder elsewhere("/var/tmp");
+  const TempFolder elsewhere(kOnDisk);
   const std::string mounted = elsewhere.Write("mounted", kBytes);
   InOwnMounts([&] {
     bwp::test::MountOnto(mounted, place.data);
@@ -295,7 +286,7 @@ TEST_P(Replace, OfAMountPointGoesOnUnderTheNewName) {
 TEST_P(Replace, OfAMountPointWhoseNewNameIsTakenIsError58) {
   Place place(GetParam());
   place.folder.Write("data.new", "taken");
-  const TempFolder elsewhere("/var/tmp");
+  const TempFolder elsewhere(kOnDisk);
   const std::string mounted = elsewhere.Write("mounted", kBytes);
   InOwnMounts([&] {
     bwp::test::MountOnto(mounted, place.data);
@@ -306,9 +297,9 @@ TEST_P(Replace, OfAMountPointWhoseNewNameIsTakenIsError58) {
 
 TEST_P(Replace, ThroughALinkOnAnotherDiskRecoversBesideTheLink) {
   Place place(GetParam());
-  const TempFolder links("/dev/shm");
+  const TempFolder links(kMemory);
   std::filesystem::create_symlink(place.data, links / "link");
-  const TempFolder elsewhere("/var/tmp");
+  const TempFolder elsewhere(kOnDisk);
   const std::string mounted = elsewhere.Write("mounted", kBytes);
   InOwnMounts([&] {
     bwp::test::MountOnto(mounted, place.data);
@@ -316,25 +307,25 @@ TEST_P(Replace, ThroughALinkOnAnotherDiskRecoversBesideTheLink) {
     place.Cut();
     ExpectRecovery(place, links / "link");
     EXPECT_EQ(links.Names(), (Names{"link", "link.new"}));
-    EXPECT_EQ(place.folder.Names(), Names{"data"});
+    EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, Replace, testing::Values("/var/tmp"));
-INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, Replace, testing::Values("/dev/shm"));
-INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, ReplaceAsRoot, testing::Values("/var/tmp"));
-INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, ReplaceAsRoot, testing::Values("/dev/shm"));
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, Replace, testing::Values(kOnDisk));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, Replace, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, ReplaceAsRoot, testing::Values(kOnDisk));
+INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, ReplaceAsRoot, testing::Values(kMemory));
 
 TEST(ReplaceAcrossMounts, OfOneFileSystemStagesBesideTheFile) {
   Place place;
-  const TempFolder mounted("/var/tmp");
+  const TempFolder mounted(kOnDisk);
   InOwnMounts([&] {
     bwp::test::MountOnto(place.folder.Path(), mounted.Path());
     place.Open(mounted / "data");
     place.Cut();
     EXPECT_EQ(ReadFile(place.data), kRest);
-    EXPECT_EQ(place.folder.Names(), Names{"data"});
-    EXPECT_EQ(place.temporary.Names(), Names{});
+    EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+    EXPECT_EQ(place.temporary.Names(), kNothing);
   });
 }
 
