@@ -51,18 +51,23 @@ void DeleteOld(const ViewState& state, const Disk& disk, const std::string& path
   if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
 
+bool IsSaveAs(const SaveTask& task) {
+  return task.caption == kSaveAsCaption;
+}
+
 // The last byte of the range that is there.
 std::int64_t LastByteOf(const ViewState& state, std::int64_t to) {
   return funzioni::MinOf({to, state.FLen - 1});
 }
 
 // False, told, when there is nothing to save or another program changed the file.
-bool CanSave(ViewState& state, Services& services, const SaveTask& task) {
+bool CanSave(ViewState& state, const Services& services, const SaveTask& task) {
   if (!HoldsWhatIsShown(state, VersionOf(FileSystem::ReadStream(state.OpenFile)))) {
     TellChanged(state, services);
     return false;
   }
-  if (task.from <= LastByteOf(state, task.to)) return true;
+  // An empty file has an empty copy.
+  if (IsSaveAs(task) || task.from <= LastByteOf(state, task.to)) return true;
   TellNoByte(services.notices);
   return false;
 }
@@ -71,11 +76,11 @@ bool MayOverwrite(Notices& notices, const std::string& path, const std::string& 
   return !funzioni::FileExists(path) || notices.Ask(question);
 }
 
-void SaveAndShow(ViewState& state, Services& services, const SaveTask& task, const std::string& path,
+void SaveAndShow(ViewState& state, const Services& services, const SaveTask& task, const std::string& path,
                  const std::string& question) {
   if (!CanSave(state, services, task) || !MayOverwrite(services.notices, path, question)) return;
   SaveChunk(state, services, path, task.from, task.to);
-  if (task.caption == kSaveAsCaption && !services.progress.Aborted()) {
+  if (IsSaveAs(task) && !services.progress.Aborted()) {
     state.OpenFile = path;
     ReopenViewFile(state);
   }
@@ -96,18 +101,20 @@ SaveTask SaveChunkTask(const ViewState& state) {
           state.MarkStart, state.MarkEnd};
 }
 
-void SaveUnderTypedName(ViewState& state, Services& services, const SaveTask& task, const std::string& name) {
+void SaveUnderTypedName(ViewState& state, const Services& services, const SaveTask& task,
+                        const std::string& name) {
   const std::string path = funzioni::PathIn(state.LastFolder, name);
   SaveAndShow(state, services, task, path,
               "File  '" + funzioni::NameOf(path) + "'  exist, do you want to overwrite ?");
 }
 
-void SaveOntoListedFile(ViewState& state, Services& services, const SaveTask& task, const std::string& name) {
+void SaveOntoListedFile(ViewState& state, const Services& services, const SaveTask& task,
+                        const std::string& name) {
   SaveAndShow(state, services, task, state.LastFolder + name,
               "File " + name + " exist, do you want to overwrite");
 }
 
-void SaveChunk(const ViewState& state, Services& services, const std::string& destination,
+void SaveChunk(const ViewState& state, const Services& services, const std::string& destination,
                std::optional<std::int64_t> from, std::optional<std::int64_t> to) {
   const std::int64_t first = from.value_or(0);
   const std::int64_t last = LastByteOf(state, to.value_or(state.FLen - 1));
@@ -120,8 +127,13 @@ void SaveChunk(const ViewState& state, Services& services, const std::string& de
   progress.Show();
   progress.LetEventsRun();
   HalfWritten half(services.disk, destination);
-  FileSystem::FileRangeCopy(progress, services.disk, state.OpenFile, destination, first + 1,
-                            last - first + 1);
+  // The streams know no percentage of nothing.
+  if (state.FLen > 0) {
+    FileSystem::FileRangeCopy(progress, services.disk, state.OpenFile, destination, first + 1,
+                              last - first + 1);
+  } else if (!progress.Aborted()) {
+    FileSystem::WriteStream(services.disk, destination).Close();
+  }
   half.Complete();
   progress.Hide();
 }

@@ -59,7 +59,7 @@ struct Model {
 class Comparison {
  public:
   explicit Comparison(const std::string& bytes)
-      : place_(bytes, Workplace::RealDisk(), "/dev/shm", "/dev/shm") {
+      : place_(bytes, Workplace::RealDisk(), bwp::test::kMemory, bwp::test::kMemory) {
     place_.state.LastFolder = place_.folder.Path();
     model_.files["data"] = bytes;
     model_.markEnd = place_.state.MarkEnd;
@@ -103,7 +103,7 @@ class Comparison {
 
   void Save(const std::string& name, bool as) {
     if (name == model_.open) return;
-    const bool possible = as ? !model_.Bytes().empty() : model_.ChunkIsThere();
+    const bool possible = as || model_.ChunkIsThere();
     if (possible) model_.files[name] = as ? model_.Bytes() : model_.Chunk();
     if (possible && as) model_.open = name;
     SaveUnderTypedName(place_.state, place_.services,

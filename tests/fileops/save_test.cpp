@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "fileops/file_system.h"
+#include "support/errors.h"
 #include "support/workplace.h"
 
 namespace {
@@ -20,7 +22,7 @@ using bwp::test::ReadFile;
 using bwp::test::Transcript;
 using bwp::test::Workplace;
 
-constexpr std::size_t kBlock = 1'048'576;
+constexpr auto kBlock = static_cast<std::size_t>(FileSystem::kCopyBlock);
 
 struct SavePlace : Workplace {
   explicit SavePlace(std::string_view bytes) : Workplace(bytes) { state.LastFolder = folder.Path(); }
@@ -258,11 +260,51 @@ TEST(Save, AsShowsTheCopyAlsoWhenAFieldIsBeingTypedInto) {
   EXPECT_FALSE(place.state.FieldTyping);
 }
 
-TEST(Save, AsOfAnEmptyFileTellsThatThereIsNoByteAndMakesNoFile) {
+TEST(Save, AsOfAnEmptyFileMakesAnEmptyCopyAndShowsIt) {
   SavePlace place("");
+  place.folder.Write("copy", "old");
   place.SaveAs("copy");
+  EXPECT_EQ(place.Story(), (Transcript{"ask File  'copy'  exist, do you want to overwrite ?",
+                                       "caption Saving to file ", "label Saving from  0 to -1", "show",
+                                       "events", "hide", "clear abort", "refresh"}));
+  EXPECT_EQ(ReadFile(place.folder / "copy"), "");
+  EXPECT_EQ(place.state.OpenFile, place.folder / "copy");
+}
+
+TEST(Save, AsOfAnEmptyFileCancelledMakesNoCopy) {
+  SavePlace place("");
+  place.progress.CancelAtEvents(1);
+  place.SaveAs("copy");
+  EXPECT_EQ(place.folder.Names(), std::vector<std::string>{"data"});
+  EXPECT_EQ(place.state.OpenFile, place.folder / "data");
+}
+
+TEST(Save, ChunkOfAnEmptyFileTellsThatThereIsNoByteAndMakesNoFile) {
+  SavePlace place("");
+  place.Mark(0, 0);
+  place.SaveMarked("part");
   EXPECT_EQ(place.Story(), Transcript{"tell [Error !] The chunk holds no byte of the file (x)"});
   EXPECT_EQ(place.folder.Names(), std::vector<std::string>{"data"});
+}
+
+TEST(Save, WithoutARangeSavesAllBytesAndLeavesTheFileOpen) {
+  SavePlace place("0123456789");
+  place.Mark(3, 5);
+  SaveChunk(place.state, place.services, place.folder / "copy");
+  EXPECT_EQ(place.Story(), (Transcript{"caption Saving to file ", "label Saving from  0 to  9", "show",
+                                       "events", "label Saving from  0 to  9, seeking start at  0",
+                                       "label Saving from  0 to  9, seeking start at  0", "events", "bar 100",
+                                       "events", "hide"}));
+  EXPECT_EQ(ReadFile(place.folder / "copy"), "0123456789");
+  EXPECT_EQ(place.state.OpenFile, place.folder / "data");
+}
+
+TEST(Save, WithHalfARangeTakesTheOtherEndFromTheFile) {
+  SavePlace place("0123456789");
+  SaveChunk(place.state, place.services, place.folder / "copy", 7);
+  EXPECT_EQ(ReadFile(place.folder / "copy"), "789");
+  SaveChunk(place.state, place.services, place.folder / "copy", std::nullopt, 2);
+  EXPECT_EQ(ReadFile(place.folder / "copy"), "012");
 }
 
 TEST(Save, OfAFileThatShrinksMeanwhileIsError62AndLeavesNoHalfFile) {

@@ -217,6 +217,7 @@ void MainForm::MoveThumb() {
 void MainForm::ShowTitle(const std::string& title) {
   setWindowTitle(TitleOf(title));
   EnableCommands();
+  if (saver_ != nullptr) saver_->HideWhenStale();
 }
 
 void MainForm::ShowRuler(bool hex) {

@@ -4,8 +4,9 @@
 
 namespace bwp {
 
-Saver::Saver(ViewState& state, Services& services, QWidget* parent)
+Saver::Saver(ViewState& state, const Services& services, QWidget* parent)
     : FileDialog(state, services.notices, parent),
+      state_(state),
       Ftext_(AddField(QStringLiteral("Ftext"), QStringLiteral("Save as"))) {
   setObjectName(QStringLiteral("Saver"));
   QPushButton& fsave = AddButton(QStringLiteral("Fsave"), QStringLiteral("Save"));
@@ -35,9 +36,14 @@ void Saver::Open(const SaveTask& task) {
   setWindowTitle(FromPath(task.caption));
   from = task.from;
   to = task.to;
+  opening_ = state_.openings;
   Present();
   Ftext_.setFocus();
   Ftext_.selectAll();
+}
+
+void Saver::HideWhenStale() {
+  if (opening_ != state_.openings) hide();
 }
 
 SaveTask Saver::Task() const {

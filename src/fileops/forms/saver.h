@@ -9,10 +9,12 @@ namespace bwp {
 /// under way.
 class Saver : public FileDialog {
  public:
-  Saver(ViewState& state, Services& services, QWidget* parent);
+  Saver(ViewState& state, const Services& services, QWidget* parent);
 
   /// Shows the dialog on LastFolder, without waiting, for a task of SaveAsTask or SaveChunkTask.
   void Open(const SaveTask& task);
+  /// Hides the dialog when the file was opened or changed since: its range means other bytes now.
+  void HideWhenStale();
 
   std::int64_t from = 0;  ///< The first byte to save.
   std::int64_t to = 0;    ///< The last byte to save.
@@ -20,7 +22,9 @@ class Saver : public FileDialog {
  private:
   SaveTask Task() const;
 
+  const ViewState& state_;
   QLineEdit& Ftext_;
+  std::uint64_t opening_ = 0;  // Which opening of the file the range belongs to.
 };
 
 }  // namespace bwp

@@ -73,6 +73,21 @@ TEST_F(OneAtATime, TheFileDialogsWorkAgainAfterEditMode) {
   EXPECT_EQ(form->State().OpenFile, folder / "other.bin");
 }
 
+TEST_F(OneAtATime, TheSaveDialogGoesWhenTheBytesItWasOpenedForChange) {
+  StartOnFile(1000);
+  Entry("menucopy")->trigger();
+  Entry("sav")->trigger();
+  QWidget* const saver = Window("Saver");
+  Press(Qt::Key_PageDown);
+  Entry("menucopy")->trigger();
+  EXPECT_TRUE(saver->isVisible()) << "looking and copying change nothing";
+  AnswerBoxes boxes;
+  Entry("menuappend")->trigger();
+  EXPECT_FALSE(saver->isVisible()) << "it would save the first half only";
+  Entry("sav")->trigger();
+  EXPECT_TRUE(saver->isVisible());
+}
+
 TEST_F(OneAtATime, AnEmptyFileHasNothingToEdit) {
   StartOnFile(0);
   EXPECT_TRUE(Button("Paste")->isEnabled());

@@ -159,6 +159,18 @@ TEST_F(SaverTest, AnAbortedSaveAsKeepsTheOpenFileAndClearsTheFlag) {
   EXPECT_THAT(told_, IsEmpty());
 }
 
+TEST_F(SaverTest, HidesOnlyWhenTheFileItWasOpenedForIsNoLongerWhatIsShown) {
+  Open(bwp::SaveAsTask(state_));
+  saver_.HideWhenStale();
+  EXPECT_TRUE(saver_.isVisible());
+  bwp::OpenViewFile(state_, folder_ / "old.bin");
+  saver_.HideWhenStale();
+  EXPECT_FALSE(saver_.isVisible());
+  Open(bwp::SaveAsTask(state_));
+  saver_.HideWhenStale();
+  EXPECT_TRUE(saver_.isVisible());
+}
+
 TEST_F(SaverTest, WithoutANameThereIsNothingToSaveTo) {
   Open(bwp::SaveChunkTask(state_));
   EXPECT_FALSE(Find<QPushButton>("Fsave").isEnabled());
