@@ -21,6 +21,7 @@ bool IsInput(QEvent::Type type) {
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
+    case QEvent::InputMethod:
     case QEvent::ContextMenu:
     case QEvent::DragEnter:
     case QEvent::DragMove:

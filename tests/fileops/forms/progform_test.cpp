@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -85,6 +86,23 @@ TEST_F(ProgformTest, DropsClicksOnOtherWindowsWhileItIsShown) {
   form_.Hide();
   QTest::mouseClick(&other, Qt::LeftButton);
   EXPECT_EQ(clicks, 1);
+}
+
+// What an input method composes of several keys arrives in one piece, and is no key.
+TEST_F(ProgformTest, DropsComposedCharactersMeantForOtherWindowsWhileItIsShown) {
+  QLineEdit other;
+  other.show();
+  const auto compose = [&other](const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(&other, &event);
+  };
+  form_.Show();
+  compose(QStringLiteral("dropped"));
+  EXPECT_EQ(other.text(), QString());
+  form_.Hide();
+  compose(QStringLiteral("taken"));
+  EXPECT_EQ(other.text(), QStringLiteral("taken"));
 }
 
 TEST_F(ProgformTest, HearsTheKeysThatAnotherWindowGets) {
