@@ -168,4 +168,25 @@ TEST_F(Buffer, SavingOntoTheOpenFileIsRefused) {
   EXPECT_EQ(ReadFile(File("a.bin")), original_);
 }
 
+TEST_F(Buffer, BytesThatWereCutAreKeptWhenAnErrorEndsTheProgram) {
+  Mark(1000, 1999);
+  ClickOn("Cut Chunk to Buffer");
+  ExpectBuffer("1.000");
+  Choose("File", "Save As");
+  Fill("Save as", "a.bin", "", "Save File as..");
+  ClickOn("Save", "Save File as..");
+  Answer("Bytewarp", "File  'a.bin'  exist, do you want to overwrite ?", "OK");
+  const std::string kept = "\nThe bytes that were cut into the Buffer are kept in ";
+  EXPECT_TRUE(Until([&] { return Message("Bytewarp").find(kept) != std::string::npos; }))
+      << Message("Bytewarp");
+  const std::string report = Message("Bytewarp");
+  EXPECT_EQ(report.rfind("Run-time error '70':\n\nPermission denied\n" + File("a.bin") + kept, 0), 0U)
+      << report;
+  const std::string rescued = report.substr(report.find(kept) + kept.size());
+  ClickOn("OK", "Bytewarp");
+  EXPECT_EQ(program_->WaitForEnd(), 1);
+  EXPECT_EQ(ReadFile(rescued), original_.substr(1000, 1000)) << rescued;
+  EXPECT_EQ(ReadFile(File("a.bin")), original_.substr(0, 1000) + original_.substr(2000));
+}
+
 }  // namespace
