@@ -121,8 +121,7 @@ void MainForm::ShowSaver(const SaveTask& task) {
 void MainForm::ShowSplitJoin() {
   if (splitJoin_ == nullptr) {
     splitJoin_ = new SplitJoinTool(state_, services_, *this);
-    // A join would put another file under the bytes that are being edited.
-    splitJoin_->mayRun = [this] { return !Busy(); };
+    splitJoin_->run = [this](const auto& action) { Operate(action); };
   }
   state_.FieldTyping = false;
   splitJoin_->Show();

@@ -63,8 +63,8 @@ void SplitJoinTool::ShowHelp() {
 }
 
 void SplitJoinTool::Tick() {
-  if (!mayRun || mayRun()) worker_.Tick();
-  // A tick inside a job's events may have stopped the timer that the job's second half needs.
+  if (job_.confirmed) run([this] { worker_.Tick(); });
+  // The timer runs only while a question or a confirmed job waits.
   if (job_.confirmed || dialog_->isVisible()) {
     timer_.start();
   } else {

@@ -28,8 +28,11 @@ class SplitJoinTool : public QObject, private SplitJoinWindows {
   /// Prepares for the open file and shows the form `Divide`.
   void Show();
 
-  /// Asked before each job: false lets a confirmed job wait, as while the page is edited. Empty means always.
-  std::function<bool()> mayRun;
+  /// Carries out a confirmed job. The main form sees to it that this happens only while nothing else works on
+  /// the open file; a job that it refuses waits for a later tick.
+  std::function<void(const std::function<void()>& action)> run = [](const std::function<void()>& action) {
+    action();
+  };
 
  private:
   void AskForParts();

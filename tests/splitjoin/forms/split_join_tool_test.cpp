@@ -32,6 +32,42 @@ TEST_F(SplitJoinTool, MakesItsFormsWhenTheyAreFirstNeeded) {
   EXPECT_TRUE(Visible("Divide"));
 }
 
+TEST_F(SplitJoinTool, LetsThePersonGoOnInTheOtherWindows) {
+  Press("Divide", "Split");
+  Press("Divide", "Join");
+  Press("Fjoin", "HelpSJ");
+  for (const char* form : {"Divide", "Fsel", "Fjoin", "Helpsplit"}) {
+    EXPECT_TRUE(Visible(form)) << form;
+    EXPECT_FALSE(Form(form)->isModal()) << form;
+  }
+}
+
+TEST_F(SplitJoinTool, HidesTheBaseNameFormOnCancel) {
+  Press("Divide", "Split");
+  Type("Fsel", "Ftext", "part");
+  Press("Fsel", "Cancel");
+  EXPECT_FALSE(Visible("Fsel"));
+  EXPECT_EQ(Form("Dialog"), nullptr);
+  EXPECT_TRUE(Visible("Divide"));
+}
+
+TEST_F(SplitJoinTool, TicksOnlyWhileAQuestionOrAConfirmedJobWaits) {
+  const auto ticks = [this] { return tool_.findChild<QTimer*>()->isActive(); };
+  EXPECT_FALSE(ticks());
+  Press("Divide", "Split");
+  Type("Fsel", "Ftext", "part");
+  EXPECT_FALSE(ticks());
+  Press("Fsel", "ActionB");
+  EXPECT_TRUE(ticks());
+  Press("Dialog", "CancelButton");
+  Wait([&] { return !ticks(); });
+  Press("Fsel", "ActionB");
+  EXPECT_TRUE(ticks());
+  Press("Dialog", "OKButton");
+  Wait([this] { return Told("Split successfully completed"); });
+  Wait([&] { return !ticks(); });
+}
+
 TEST_F(SplitJoinTool, IsLaidOutTidily) {
   bwp::test::ExpectTidyAtEverySize(*Form("Divide"));
   Press("Divide", "Split");
@@ -137,7 +173,9 @@ TEST_F(SplitJoinTool, AsksForTheNameThatIsDoubleClicked) {
 
 TEST_F(SplitJoinTool, LetsAConfirmedJobWaitUntilItMayRun) {
   bool editing = true;
-  tool_.mayRun = [&editing] { return !editing; };
+  tool_.run = [&editing](const auto& action) {
+    if (!editing) action();
+  };
   SetPartSize("500");
   Press("Divide", "Split");
   Type("Fsel", "Ftext", "part");
@@ -152,7 +190,9 @@ TEST_F(SplitJoinTool, LetsAConfirmedJobWaitUntilItMayRun) {
 
 TEST_F(SplitJoinTool, RunsNoJobWhoseQuestionIsNotAnswered) {
   bool editing = true;
-  tool_.mayRun = [&editing] { return !editing; };
+  tool_.run = [&editing](const auto& action) {
+    if (!editing) action();
+  };
   folder_.Write("a.001", "one");
   folder_.Write("all", "old");
   Press("Divide", "Split");
