@@ -5,6 +5,7 @@
 
 #include "fileops/file_system.h"
 #include "fileops/open_file_guard.h"
+#include "fileops/uninterrupted.h"
 #include "splitjoin/names_text.h"
 #include "splitjoin/part_names.h"
 #include "viewer/number_text.h"
@@ -33,7 +34,7 @@ WriteStream Create(const ViewState& state, const Disk& disk, const std::string& 
 
 void Delete(const ViewState& state, const Disk& disk, const std::string& path) {
   RefuseToDeleteOpenFile(state, path);
-  if (disk.Delete(path) != 0) throw RunTimeErrorFromErrno(errno, path);
+  if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
 
 // One file, by its identity or, where it is not there yet, by its path.
