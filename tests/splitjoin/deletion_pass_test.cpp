@@ -92,6 +92,14 @@ TEST_F(DeletionPass, StopsAfterTheLastNumberAndLeavesTheSplitUnconfirmed) {
   EXPECT_EQ(job.action, "del&split");
 }
 
+TEST_F(DeletionPass, StopsWhenTheDestinationIsGoneSinceTheQuestion) {
+  folder.Write("x.000", "new");
+  Confirm("del&join", "\"x.000\"", "all");
+  EXPECT_EQ(ErrorOfRun(), 53);
+  EXPECT_THAT(folder.Names(), ElementsAre("x.000"));
+  EXPECT_EQ(ReadFile(folder / "x.000"), "new");
+}
+
 TEST_F(DeletionPass, KeepsADestinationThatCannotBeDeleted) {
   folder.Write("x.000", "new");
   folder.Write("all", "old");

@@ -25,6 +25,8 @@ TEST(DivisionBoxes, ShowThreePartsAndTheRest) {
   }
   EXPECT_DOUBLE_EQ(boxes[3].left, 1020);
   EXPECT_DOUBLE_EQ(boxes[3].right, 1120);
+  EXPECT_DOUBLE_EQ(boxes[3].top, 220);
+  EXPECT_DOUBLE_EQ(boxes[3].bottom, 720);
   EXPECT_EQ(boxes[3].colour, kSecondPartColour);
 }
 

@@ -35,6 +35,7 @@ TEST(QuotedNames, GainTheQuotesThatAreMissing) {
   EXPECT_EQ(QuotedNames("a.001\""), "\"a.001\"");
   EXPECT_EQ(QuotedNames(""), "\"\"");
   EXPECT_EQ(QuotedNames("   "), "\"\"");
+  EXPECT_EQ(QuotedNames("\""), "\"") << "a quote at either end, though it is the same one";
 }
 
 TEST(ParseNames, FindsWhatStandsBetweenQuotes) {

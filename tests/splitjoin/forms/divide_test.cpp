@@ -55,6 +55,7 @@ class Divide : public testing::Test {
     option.sliderValue = sly.value();
     return sly.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &sly).center();
   }
+  QImage Picture() { return Find<QWidget>("Division").grab().toImage(); }
   void ClickArrow(QStyle::SubControl arrow) {
     QSpinBox& upDown = Find<QSpinBox>("UDCh");
     QStyleOptionSpinBox option;
@@ -205,6 +206,7 @@ TEST_F(Divide, TakesAValueOfTheArrowsAsACount) {
 TEST_F(Divide, FollowsTheThumbAndPlansWhenItIsLetGo) {
   Enter("DChsize", "500");
   QSlider& sly = Find<QSlider>("Sly");
+  const QImage picture = Picture();
   const QPoint from = ThumbCentre();
   QTest::mousePress(&sly, Qt::LeftButton, {}, from);
   QTest::mouseMove(&sly, from - QPoint(sly.width() / 4, 0));
@@ -213,9 +215,47 @@ TEST_F(Divide, FollowsTheThumbAndPlansWhenItIsLetGo) {
   EXPECT_LT(position, 350);
   EXPECT_EQ(Text("DChsize"), std::to_string(position));
   EXPECT_EQ(Text("NChunk"), "2");
+  EXPECT_EQ(Picture(), picture);
   QTest::mouseRelease(&sly, Qt::LeftButton, {}, from - QPoint(sly.width() / 4, 0));
   EXPECT_EQ(plan.PartSize(), position);
   EXPECT_EQ(Text("NChunk"), std::to_string((1000 + position - 1) / position));
+  EXPECT_NE(Picture(), picture);
+}
+
+TEST_F(Divide, ShowsTheTotalOfThePlanOnlyWhenTheSliderIsLetGo) {
+  Enter("DChsize", "500");
+  state.FLen = 900;
+  QSlider& sly = Find<QSlider>("Sly");
+  sly.setFocus();
+  QTest::keyPress(&sly, Qt::Key_Left);
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Split and Join Tool - Filesize:  1000 - Verified: 1000"));
+  QTest::keyRelease(&sly, Qt::Key_Left);
+  EXPECT_EQ(form.windowTitle(), QStringLiteral("Split and Join Tool - Filesize:  900 - Verified: 900"));
+}
+
+TEST_F(Divide, PlansOnceForAKeyThatIsHeldOnTheSlider) {
+  Enter("DChsize", "500");
+  QSlider& sly = Find<QSlider>("Sly");
+  sly.setFocus();
+  QTest::keyPress(&sly, Qt::Key_Left);
+  for (int i = 0; i < 3; ++i) {
+    QTest::simulateEvent(&sly, false, Qt::Key_Left, {}, QString(), true);
+    QTest::simulateEvent(&sly, true, Qt::Key_Left, {}, QString(), true);
+  }
+  EXPECT_EQ(Text("DChsize"), "496") << "the slider goes on";
+  EXPECT_EQ(Text("NChunk"), "2");
+  QTest::keyRelease(&sly, Qt::Key_Left);
+  EXPECT_EQ(Text("NChunk"), "3");
+}
+
+TEST_F(Divide, TakesALostFocusOfTheSliderForARelease) {
+  Enter("DChsize", "500");
+  QSlider& sly = Find<QSlider>("Sly");
+  sly.setFocus();
+  QTest::keyPress(&sly, Qt::Key_Left);
+  ASSERT_EQ(Text("NChunk"), "2");
+  Field("NChunk").setFocus();
+  EXPECT_EQ(Text("NChunk"), "3");
 }
 
 TEST_F(Divide, PlansWhenAKeyIsLetGoOnTheSlider) {
@@ -303,6 +343,24 @@ TEST_F(Divide, PlansAndDrawsAnewWhenItIsResized) {
   const int right = image.width() - 3;
   EXPECT_EQ(image.pixelColor(right, image.height() / 2), QColor(0, 0, 255)) << "up to the new frame's end";
   EXPECT_EQ(image.pixelColor(image.width() / 2 - 3, image.height() / 2), QColor(0, 255, 0));
+}
+
+TEST_F(Divide, PlansNothingWhileItIsMinimised) {
+  Enter("DChsize", "500");
+  form.setWindowState(Qt::WindowMinimized);
+  ASSERT_TRUE(form.isMinimized());
+  state.FLen = 400;
+  form.resize(900, 500);
+  EXPECT_EQ(Text("DChsize"), "500");
+}
+
+TEST_F(Divide, ClearsThePictureWhenItIsActivatedOnAnEmptyFile) {
+  const auto middle = [](const QImage& image) { return image.pixelColor(image.rect().center()); };
+  ASSERT_EQ(middle(Picture()), QColor(0, 255, 0));
+  state.FLen = 0;
+  QEvent activation(QEvent::WindowActivate);
+  QApplication::sendEvent(&form, &activation);
+  EXPECT_EQ(middle(Picture()), form.palette().color(QPalette::Base));
 }
 
 TEST_F(Divide, PlansAnewWhenItIsActivatedAfterAnotherFileWasOpened) {
