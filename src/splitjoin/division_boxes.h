@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "viewer/page_grid.h"
+
 namespace bwp {
 
 /// The rectangle that frames the division graphic, in form units.
@@ -10,14 +12,14 @@ struct FrameShape {
   double left, top, width, height;
 };
 
-/// One filled box of the division graphic, in form units; the colour is 0xBBGGRR.
+/// One filled box of the division graphic, in form units.
 struct DivisionBox {
   double left, top, right, bottom;
-  std::uint32_t colour;
+  Colour colour;
 };
 
-inline constexpr std::uint32_t kFirstPartColour = 0x00FF00;
-inline constexpr std::uint32_t kSecondPartColour = 0xFF0000;
+inline constexpr Colour kFirstPartColour = 0x00FF00;   // green
+inline constexpr Colour kSecondPartColour = 0xFF0000;  // blue
 
 /// The boxes that show a file of that size cut into parts of that size, one a part in two colours by turns,
 /// and a closing one up to the frame's end. Above 1000 whole parts the closing box is the only one; without

@@ -31,6 +31,17 @@ std::string PrepareJoin(SplitJoinJob& job, const std::string& folder, const std:
   return "Join files as " + job.destination + " ? ";
 }
 
+std::optional<std::string> PreparePickedJoin(SplitJoinJob& job, Notices& notices, const std::string& folder,
+                                             const std::vector<std::string>& names,
+                                             const std::string& destination) {
+  if (!CanBeQuoted(names)) {
+    notices.Tell("A file whose name holds a double quote cannot be joined", kErrorTitle,
+                 Notices::Icon::kCritical);
+    return std::nullopt;
+  }
+  return PrepareJoin(job, folder, NamesText(names), destination);
+}
+
 std::string SplitTitle(const std::string& openFile, std::int64_t partSize) {
   return "Split file: " + openFile + " in chunks of " + funzioni::SignPadded(partSize) + " Bytes";
 }

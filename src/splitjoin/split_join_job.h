@@ -1,7 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
+
+#include "viewer/notices.h"
 
 namespace bwp {
 
@@ -29,6 +33,12 @@ std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std
 /// first, voiding an earlier answer likewise. A destination that is there is deleted before.
 std::string PrepareJoin(SplitJoinJob& job, const std::string& folder, const std::string& typedNames,
                         const std::string& destination);
+
+/// The same for files that were picked from a list, in their order. A name that holds a double quote cannot
+/// be told from the quotes around it: the person is told, nothing is stored and there is no question.
+std::optional<std::string> PreparePickedJoin(SplitJoinJob& job, Notices& notices, const std::string& folder,
+                                             const std::vector<std::string>& names,
+                                             const std::string& destination);
 
 /// The title under which the base name of the parts is asked for.
 std::string SplitTitle(const std::string& openFile, std::int64_t partSize);

@@ -11,9 +11,6 @@ using funzioni::MaxOf;
 using funzioni::MinOf;
 using funzioni::SignPadded;
 
-// A slider step is this many bytes.
-constexpr std::int64_t kSliderScale = 1;
-
 int Sign(std::int64_t value) {
   return value > 0 ? 1 : value < 0 ? -1 : 0;
 }
@@ -23,7 +20,7 @@ std::int64_t LargeStep(std::int64_t fileSize) {
   std::int64_t step = 0;
   for (int i = 0; i <= 30; ++i) {
     const std::int64_t power = std::int64_t{1} << i;
-    if (power * 20 < fileSize * kSliderScale) step = RoundedQuotient(power, kSliderScale);
+    if (power * 20 < fileSize) step = power;
   }
   return step;
 }
@@ -76,11 +73,11 @@ void SplitPlan::Agggraph() {
   lastPartSize_ = fileSize - wholeParts * partSize_;
   parts_ = wholeParts + Sign(lastPartSize_);
   fields_.Dlast = std::to_string(lastPartSize_);
-  fields_.Hlast = HexTwin(fields_.Dlast);
+  fields_.Hlast = HexSize(lastPartSize_);
   WriteDecimalSize(std::to_string(partSize_));
   fields_.NChunk = std::to_string(parts_);
   fields_.UDCh = parts_;
-  fields_.Sly = RoundedQuotient(partSize_, kSliderScale);
+  fields_.Sly = partSize_;
   ForgetOtherPreset();
 }
 
@@ -97,12 +94,11 @@ std::string SplitPlan::Title() const {
 }
 
 void SplitPlan::DragSlider(std::int64_t position) {
-  WriteDecimalSize(std::to_string(position * kSliderScale));
+  WriteDecimalSize(std::to_string(position));
 }
 
 void SplitPlan::ReleaseSlider(std::int64_t position) {
-  partSize_ = position * kSliderScale;
-  WriteDecimalSize(std::to_string(partSize_));
+  WriteDecimalSize(std::to_string(position));
   Agggraph();
 }
 
@@ -157,10 +153,6 @@ void SplitPlan::ChoosePreset(int index) {
   fields_.Preset = index;
   partSize_ = kSizePresets[static_cast<std::size_t>(index)].bytes;
   Agggraph();
-}
-
-std::string SplitPlan::HexTwin(std::string_view decimalText) {
-  return HexSize(funzioni::ParseDecimal(decimalText));
 }
 
 // Part size and twin follow what the decimal field shows.

@@ -65,8 +65,6 @@ class SplitPlan {
   void ChoosePreset(int index);
 
   std::int64_t PartSize() const { return partSize_; }
-  /// 0 when the parts are all of one size.
-  std::int64_t LastPartSize() const { return lastPartSize_; }
   /// Whether there is a file to split and a size to split it by.
   bool CanSplit() const { return !state_.OpenFile.empty() && state_.FLen > 0 && partSize_ > 0; }
 
@@ -74,9 +72,6 @@ class SplitPlan {
   /// The form's caption, with the file size beside the total that the plan adds up to.
   std::string Title() const;
   std::int64_t FileSize() const { return state_.FLen; }
-
-  /// The hexadecimal twin of a decimal text, as Hlast shows Dlast's.
-  static std::string HexTwin(std::string_view decimalText);
 
  private:
   void FitLimits();
@@ -86,7 +81,7 @@ class SplitPlan {
 
   const ViewState& state_;
   std::int64_t partSize_ = 0;
-  std::int64_t lastPartSize_ = 0;
+  std::int64_t lastPartSize_ = 0;   ///< 0 when the parts are all of one size.
   std::int64_t fileSizeCopy_ = -1;  ///< The length that the limits were made for.
   std::int64_t parts_ = 0;
   PlanFields fields_;

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "support/recorders.h"
 #include "support/temp_folder.h"
 
 namespace {
 
 using bwp::PrepareJoin;
+using bwp::PreparePickedJoin;
 using bwp::PrepareSplit;
 using bwp::SplitJoinJob;
 
@@ -77,6 +79,28 @@ TEST(PrepareJoin, WarnsOfADestinationThatIsThere) {
             "Warning, file " + path + " exists, do you want to overwrite ? ");
   EXPECT_EQ(job.action, "del&join");
   EXPECT_EQ(job.names, "\"a.001\"");
+}
+
+TEST(PreparePickedJoin, StoresTheNamesInTheirOrder) {
+  bwp::test::Transcript told;
+  bwp::test::RecordedNotices notices(told);
+  SplitJoinJob job;
+  EXPECT_EQ(PreparePickedJoin(job, notices, "/some/folder/", {"c", "a b"}, "all"),
+            "Join files as /some/folder/all ? ");
+  EXPECT_EQ(job.action, "join");
+  EXPECT_EQ(job.names, "\"c\" \"a b\"");
+  EXPECT_TRUE(told.empty());
+}
+
+TEST(PreparePickedJoin, RefusesANameThatHoldsAQuote) {
+  bwp::test::Transcript told;
+  bwp::test::RecordedNotices notices(told);
+  SplitJoinJob job;
+  EXPECT_EQ(PreparePickedJoin(job, notices, "/some/folder/", {"a", "12\".001"}, "all"), std::nullopt);
+  EXPECT_EQ(told, bwp::test::Transcript{
+                      "tell [Error !] A file whose name holds a double quote cannot be joined (x)"});
+  EXPECT_EQ(job.action, "");
+  EXPECT_EQ(job.names, "");
 }
 
 TEST(SplitTitle, NamesTheFileAndTheSizeOfTheParts) {

@@ -35,7 +35,6 @@ TEST(SplitPlan, ShowsARestAsTheLastPart) {
   Planned p(1000);
   p.plan.EnterDecimalSize("300");
   EXPECT_EQ(p.plan.PartSize(), 300);
-  EXPECT_EQ(p.plan.LastPartSize(), 100);
   EXPECT_EQ(p.plan.Fields().DChsize, "300");
   EXPECT_EQ(p.plan.Fields().HCHsize, "0000012C");
   EXPECT_EQ(p.plan.Fields().Dlast, "100");
@@ -49,7 +48,6 @@ TEST(SplitPlan, ShowsARestAsTheLastPart) {
 TEST(SplitPlan, HasNoLastPartWhenTheDivisionIsExact) {
   Planned p(1000);
   p.plan.EnterDecimalSize("250");
-  EXPECT_EQ(p.plan.LastPartSize(), 0);
   EXPECT_EQ(p.plan.Fields().Dlast, "0");
   EXPECT_EQ(p.plan.Fields().NChunk, "4");
   EXPECT_EQ(p.plan.Title(), "Split and Join Tool - Filesize:  1000 - Verified: 1000");
@@ -106,7 +104,7 @@ TEST(SplitPlan, MakesThePartsOfTheUpDownOneByteLongerThanTheQuotient) {
   Planned p(100);
   p.plan.ChangeCount(4);
   EXPECT_EQ(p.plan.PartSize(), 26);
-  EXPECT_EQ(p.plan.LastPartSize(), 22);
+  EXPECT_EQ(p.plan.Fields().Dlast, "22");
   EXPECT_EQ(p.plan.Fields().NChunk, "4");
   p.plan.ChangeCount(1);
   EXPECT_EQ(p.plan.PartSize(), 100);
@@ -156,7 +154,7 @@ TEST(SplitPlan, TakesATypedCountBetweenOneAndTheFileSize) {
   EXPECT_EQ(p.plan.PartSize(), 250);
   p.plan.EnterCount("3");
   EXPECT_EQ(p.plan.PartSize(), 334);
-  EXPECT_EQ(p.plan.LastPartSize(), 332);
+  EXPECT_EQ(p.plan.Fields().Dlast, "332");
   p.plan.EnterCount("99999");
   EXPECT_EQ(p.plan.PartSize(), 1);
   EXPECT_EQ(p.plan.Fields().NChunk, "1000");
@@ -366,15 +364,16 @@ RC_GTEST_PROP(SplitPlan, CoversTheFileExactlyHoweverItWasSet, ()) {
     const std::int64_t parts = p.plan.Fields().UDCh;
     RC_ASSERT(size >= 1);
     RC_ASSERT(size <= fileSize);
-    const std::int64_t last = p.plan.LastPartSize() == 0 ? size : p.plan.LastPartSize();
+    const std::int64_t rest = fileSize % size;
+    const std::int64_t last = rest == 0 ? size : rest;
     RC_ASSERT(last >= 1);
     RC_ASSERT(last <= size);
     RC_ASSERT((parts - 1) * size + last == fileSize);
     RC_ASSERT(p.plan.Fields().NChunk == std::to_string(parts));
     RC_ASSERT(p.plan.Fields().DChsize == std::to_string(size));
     RC_ASSERT(p.plan.Fields().HCHsize == funzioni::HexOffset(size));
-    RC_ASSERT(p.plan.Fields().Dlast == std::to_string(p.plan.LastPartSize()));
-    RC_ASSERT(p.plan.Fields().Hlast == funzioni::HexOffset(p.plan.LastPartSize()));
+    RC_ASSERT(p.plan.Fields().Dlast == std::to_string(rest));
+    RC_ASSERT(p.plan.Fields().Hlast == funzioni::HexOffset(rest));
     RC_ASSERT(p.plan.Fields().Sly == size);
     const std::string text = std::to_string(fileSize);
     RC_ASSERT(p.plan.Title() == "Split and Join Tool - Filesize:  " + text + " - Verified: " + text);

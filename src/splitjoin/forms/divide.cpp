@@ -93,75 +93,75 @@ void Divide::MakeControls() {
   division_ = new DivisionView(this);
   division_->setObjectName(QStringLiteral("Division"));
   division_->setAccessibleName(QStringLiteral("Division of the file into parts"));
-  sly_ = new QSlider(Qt::Horizontal, this);
-  sly_->setObjectName(QStringLiteral("Sly"));
-  sly_->setAccessibleName(QStringLiteral("Part size"));
-  sly_->setToolTip(QStringLiteral("Drag to select part size, the graphic shows the division"));
-  sly_->installEventFilter(this);
+  Sly_ = new QSlider(Qt::Horizontal, this);
+  Sly_->setObjectName(QStringLiteral("Sly"));
+  Sly_->setAccessibleName(QStringLiteral("Part size"));
+  Sly_->setToolTip(QStringLiteral("Drag to select part size, the graphic shows the division"));
+  Sly_->installEventFilter(this);
   MakeNumberFields();
-  preset_ = new QComboBox(this);
-  preset_->setObjectName(QStringLiteral("Preset"));
-  preset_->setAccessibleName(QStringLiteral("Preset part sizes"));
-  preset_->setToolTip(QStringLiteral("Presets of some useful partsizes"));
-  preset_->setPlaceholderText(QStringLiteral("Choose a medium"));
+  Preset_ = new QComboBox(this);
+  Preset_->setObjectName(QStringLiteral("Preset"));
+  Preset_->setAccessibleName(QStringLiteral("Preset part sizes"));
+  Preset_->setToolTip(QStringLiteral("Presets of some useful partsizes"));
+  Preset_->setPlaceholderText(QStringLiteral("Choose a medium"));
   for (const SizePreset& preset : kSizePresets) {
-    preset_->addItem(QLatin1String(preset.name), QVariant::fromValue<qlonglong>(preset.bytes));
+    Preset_->addItem(QLatin1String(preset.name), QVariant::fromValue<qlonglong>(preset.bytes));
   }
-  preset_->setCurrentIndex(-1);
-  split_ = Button(this, "Split");
-  join_ = Button(this, "Join");
-  cancel_ = Button(this, "Cancel");
+  Preset_->setCurrentIndex(-1);
+  Split_ = Button(this, "Split");
+  Join_ = Button(this, "Join");
+  Cancel_ = Button(this, "Cancel");
 }
 
 void Divide::MakeNumberFields() {
   const QString sizeTip = QStringLiteral("Type in the single part Max size (%1)");
-  dChsize_ = NumberField(this, "DChsize", "Part size, decimal", sizeTip.arg(QStringLiteral("DEC")));
-  hcHsize_ = NumberField(this, "HCHsize", "Part size, hexadecimal", sizeTip.arg(QStringLiteral("HEX")));
-  nChunk_ =
+  DChsize_ = NumberField(this, "DChsize", "Part size, decimal", sizeTip.arg(QStringLiteral("DEC")));
+  HCHsize_ = NumberField(this, "HCHsize", "Part size, hexadecimal", sizeTip.arg(QStringLiteral("HEX")));
+  NChunk_ =
       NumberField(this, "NChunk", "Number of parts", QStringLiteral("Select the desired number of parts"));
-  udCh_ = new UpDown(this);
-  udCh_->setObjectName(QStringLiteral("UDCh"));
-  udCh_->setAccessibleName(QStringLiteral("Number of parts, one more or less"));
-  udCh_->setToolTip(QStringLiteral("Click to select the number of parts"));
+  UDCh_ = new UpDown(this);
+  UDCh_->setObjectName(QStringLiteral("UDCh"));
+  UDCh_->setAccessibleName(QStringLiteral("Number of parts, one more or less"));
+  UDCh_->setToolTip(QStringLiteral("Click to select the number of parts"));
   const QString lastTip = QStringLiteral("Shows the size of the last part (%1)");
-  dlast_ = NumberField(this, "Dlast", "Size of the last part, decimal", lastTip.arg(QStringLiteral("DEC")));
-  hlast_ =
+  Dlast_ = NumberField(this, "Dlast", "Size of the last part, decimal", lastTip.arg(QStringLiteral("DEC")));
+  Hlast_ =
       NumberField(this, "Hlast", "Size of the last part, hexadecimal", lastTip.arg(QStringLiteral("HEX")));
-  dlast_->setReadOnly(true);
-  hlast_->setReadOnly(true);
+  Dlast_->setReadOnly(true);
+  Hlast_->setReadOnly(true);
 }
 
 void Divide::LayOut() {
   auto* const count = new QHBoxLayout;
   count->setSpacing(0);
-  count->addWidget(nChunk_);
-  count->addWidget(udCh_);
+  count->addWidget(NChunk_);
+  count->addWidget(UDCh_);
 
   auto* const fields = new QGridLayout;
   fields->addWidget(Heading(this, QStringLiteral("Decimal")), 0, 1);
   fields->addWidget(Heading(this, QStringLiteral("Hexadecimal")), 0, 2);
-  fields->addWidget(LabelFor(dChsize_, QStringLiteral("Part size:")), 1, 0);
-  fields->addWidget(dChsize_, 1, 1);
-  fields->addWidget(hcHsize_, 1, 2);
-  fields->addWidget(LabelFor(dlast_, QStringLiteral("Last part size:")), 2, 0);
-  fields->addWidget(dlast_, 2, 1);
-  fields->addWidget(hlast_, 2, 2);
+  fields->addWidget(LabelFor(DChsize_, QStringLiteral("Part size:")), 1, 0);
+  fields->addWidget(DChsize_, 1, 1);
+  fields->addWidget(HCHsize_, 1, 2);
+  fields->addWidget(LabelFor(Dlast_, QStringLiteral("Last part size:")), 2, 0);
+  fields->addWidget(Dlast_, 2, 1);
+  fields->addWidget(Hlast_, 2, 2);
   fields->setColumnMinimumWidth(3, 12);
-  fields->addWidget(LabelFor(nChunk_, QStringLiteral("Number of parts:")), 1, 4);
+  fields->addWidget(LabelFor(NChunk_, QStringLiteral("Number of parts:")), 1, 4);
   fields->addLayout(count, 1, 5);
-  fields->addWidget(LabelFor(preset_, QStringLiteral("Preset part size:")), 2, 4);
-  fields->addWidget(preset_, 2, 5);
+  fields->addWidget(LabelFor(Preset_, QStringLiteral("Preset part size:")), 2, 4);
+  fields->addWidget(Preset_, 2, 5);
   for (const int column : {1, 2, 5}) fields->setColumnStretch(column, 1);
 
   auto* const buttons = new QHBoxLayout;
   buttons->addStretch();
-  for (QPushButton* const button : {split_, join_, cancel_}) buttons->addWidget(button);
+  for (QPushButton* const button : {Split_, Join_, Cancel_}) buttons->addWidget(button);
 
   const int margin = ToPixels(kFrameNarrower) / 2;
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, margin, 0, margin);
   rows->addLayout(RowOf(division_, kFrameNarrower), 1);
-  rows->addLayout(RowOf(sly_, kSliderNarrower));
+  rows->addLayout(RowOf(Sly_, kSliderNarrower));
   for (QLayout* const layout : {static_cast<QLayout*>(fields), static_cast<QLayout*>(buttons)}) {
     layout->setContentsMargins(margin, 0, margin, 0);
     rows->addLayout(layout);
@@ -169,43 +169,43 @@ void Divide::LayOut() {
 }
 
 void Divide::ConnectControls() {
-  connect(sly_, &QSlider::valueChanged, this, [this](int position) { MoveSlider(position); });
-  connect(udCh_, &UpDown::DownClicked, this, [this] {
-    plan_.ClickCountDown(udCh_->value());
+  connect(Sly_, &QSlider::valueChanged, this, [this](int position) { MoveSlider(position); });
+  connect(UDCh_, &UpDown::DownClicked, this, [this] {
+    plan_.ClickCountDown(UDCh_->value());
     ShowPlan();
   });
-  connect(udCh_, &QSpinBox::valueChanged, this, [this](int count) {
+  connect(UDCh_, &QSpinBox::valueChanged, this, [this](int count) {
     plan_.ChangeCount(count);
     ShowPlan();
   });
-  connect(nChunk_, &QLineEdit::returnPressed, this, [this] {
-    plan_.EnterCount(ToCodePage(nChunk_->text()));
+  connect(NChunk_, &QLineEdit::returnPressed, this, [this] {
+    plan_.EnterCount(ToCodePage(NChunk_->text()));
     ShowPlan();
   });
-  connect(preset_, &QComboBox::activated, this, [this](int index) {
+  connect(Preset_, &QComboBox::activated, this, [this](int index) {
     plan_.ChoosePreset(index);
     ShowPlan();
   });
-  connect(split_, &QPushButton::clicked, this, [this] { Q_EMIT SplitClicked(); });
-  connect(join_, &QPushButton::clicked, this, [this] { Q_EMIT JoinClicked(); });
-  connect(cancel_, &QPushButton::clicked, this, [this] { hide(); });
+  connect(Split_, &QPushButton::clicked, this, [this] { Q_EMIT SplitClicked(); });
+  connect(Join_, &QPushButton::clicked, this, [this] { Q_EMIT JoinClicked(); });
+  connect(Cancel_, &QPushButton::clicked, this, [this] { hide(); });
 }
 
 void Divide::ConnectSizeFields() {
-  connect(dChsize_, &QLineEdit::textChanged, this, [this](const QString& text) {
+  connect(DChsize_, &QLineEdit::textChanged, this, [this](const QString& text) {
     plan_.TypeDecimalSize(ToCodePage(text));
     ShowFields();
   });
-  connect(dChsize_, &QLineEdit::returnPressed, this, [this] {
-    plan_.EnterDecimalSize(ToCodePage(dChsize_->text()));
+  connect(DChsize_, &QLineEdit::returnPressed, this, [this] {
+    plan_.EnterDecimalSize(ToCodePage(DChsize_->text()));
     ShowPlan();
   });
-  connect(hcHsize_, &QLineEdit::textChanged, this, [this](const QString& text) {
+  connect(HCHsize_, &QLineEdit::textChanged, this, [this](const QString& text) {
     plan_.TypeHexSize(ToCodePage(text));
     ShowFields();
   });
-  connect(hcHsize_, &QLineEdit::returnPressed, this, [this] {
-    plan_.EnterHexSize(ToCodePage(hcHsize_->text()));
+  connect(HCHsize_, &QLineEdit::returnPressed, this, [this] {
+    plan_.EnterHexSize(ToCodePage(HCHsize_->text()));
     ShowPlan();
   });
 }
@@ -270,7 +270,7 @@ void Divide::MoveSlider(int position) {
 
 void Divide::LetGoOfSlider() {
   sliderHeld_ = false;
-  plan_.ReleaseSlider(sly_->value());
+  plan_.ReleaseSlider(Sly_->value());
   ShowPlan();
 }
 
@@ -278,37 +278,37 @@ void Divide::ShowPlan() {
   ShowLimits();
   ShowFields();
   {
-    const QSignalBlocker quietSlider(sly_);
-    const QSignalBlocker quietArrows(udCh_);
-    sly_->setValue(static_cast<int>(plan_.Fields().Sly));
-    udCh_->setValue(static_cast<int>(plan_.Fields().UDCh));
-    preset_->setCurrentIndex(plan_.Fields().Preset);
+    const QSignalBlocker quietSlider(Sly_);
+    const QSignalBlocker quietArrows(UDCh_);
+    Sly_->setValue(static_cast<int>(plan_.Fields().Sly));
+    UDCh_->setValue(static_cast<int>(plan_.Fields().UDCh));
+    Preset_->setCurrentIndex(plan_.Fields().Preset);
   }
-  sly_->update();
+  Sly_->update();
   setWindowTitle(FromCodePage(plan_.Title()));
   division_->ShowBoxes(DivisionBoxes(plan_.FileSize(), plan_.PartSize(), division_->Frame()));
 }
 
 void Divide::ShowFields() {
   const PlanFields& fields = plan_.Fields();
-  Write(*nChunk_, fields.NChunk);
-  Write(*dChsize_, fields.DChsize);
-  Write(*hcHsize_, fields.HCHsize);
-  Write(*dlast_, fields.Dlast);
-  Write(*hlast_, fields.Hlast);
-  split_->setEnabled(plan_.CanSplit());
+  Write(*NChunk_, fields.NChunk);
+  Write(*DChsize_, fields.DChsize);
+  Write(*HCHsize_, fields.HCHsize);
+  Write(*Dlast_, fields.Dlast);
+  Write(*Hlast_, fields.Hlast);
+  Split_->setEnabled(plan_.CanSplit());
 }
 
 void Divide::ShowLimits() {
   const PlanFields& fields = plan_.Fields();
-  const QSignalBlocker quietSlider(sly_);
-  const QSignalBlocker quietArrows(udCh_);
-  sly_->setRange(static_cast<int>(fields.minimum), static_cast<int>(fields.maximum));
-  sly_->setPageStep(static_cast<int>(fields.sliderStep));
-  udCh_->setRange(static_cast<int>(fields.minimum), static_cast<int>(fields.maximum));
+  const QSignalBlocker quietSlider(Sly_);
+  const QSignalBlocker quietArrows(UDCh_);
+  Sly_->setRange(static_cast<int>(fields.minimum), static_cast<int>(fields.maximum));
+  Sly_->setPageStep(static_cast<int>(fields.sliderStep));
+  UDCh_->setRange(static_cast<int>(fields.minimum), static_cast<int>(fields.maximum));
   const bool hasBytes = plan_.FileSize() > 0;
   for (QWidget* const control :
-       std::initializer_list<QWidget*>{sly_, udCh_, nChunk_, dChsize_, hcHsize_, preset_}) {
+       std::initializer_list<QWidget*>{Sly_, UDCh_, NChunk_, DChsize_, HCHsize_, Preset_}) {
     control->setEnabled(hasBytes);
   }
 }

@@ -25,7 +25,9 @@ class Divide : public QDialog {
   void Start();
 
  Q_SIGNALS:
+  /// The button `Split` was clicked: the base name of the parts is to be asked for.
   void SplitClicked();
+  /// The button `Join` was clicked: the files to join are to be asked for.
   void JoinClicked();
 
  protected:
@@ -49,17 +51,17 @@ class Divide : public QDialog {
   SplitPlan& plan_;
   bool sliderHeld_ = false;  ///< A key or the mouse button is down on the slider.
   DivisionView* division_;
-  QSlider* sly_;
-  UpDown* udCh_;
-  QLineEdit* nChunk_;
-  QLineEdit* dChsize_;
-  QLineEdit* hcHsize_;
-  QLineEdit* dlast_;
-  QLineEdit* hlast_;
-  QComboBox* preset_;
-  QPushButton* split_;
-  QPushButton* join_;
-  QPushButton* cancel_;
+  QSlider* Sly_;
+  UpDown* UDCh_;
+  QLineEdit* NChunk_;
+  QLineEdit* DChsize_;
+  QLineEdit* HCHsize_;
+  QLineEdit* Dlast_;
+  QLineEdit* Hlast_;
+  QComboBox* Preset_;
+  QPushButton* Split_;
+  QPushButton* Join_;
+  QPushButton* Cancel_;
 };
 
 }  // namespace bwp

@@ -4,18 +4,10 @@
 
 #include <QPainter>
 
+#include "viewer/forms/cell_painting.h"
 #include "viewer/forms/units.h"
 
 namespace bwp {
-namespace {
-
-QColor ColourOf(std::uint32_t blueGreenRed) {
-  return QColor::fromRgb(static_cast<int>(blueGreenRed & 0xFFU),
-                         static_cast<int>((blueGreenRed >> 8U) & 0xFFU),
-                         static_cast<int>((blueGreenRed >> 16U) & 0xFFU));
-}
-
-}  // namespace
 
 DivisionView::DivisionView(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -38,7 +30,7 @@ void DivisionView::paintEvent(QPaintEvent* /*event*/) {
   painter.scale(1 / kUnitsPerPixel, 1 / kUnitsPerPixel);
   for (const DivisionBox& box : boxes_) {
     painter.fillRect(QRectF(QPointF(box.left, box.top), QPointF(box.right, box.bottom)),
-                     ColourOf(box.colour));
+                     ToQColor(box.colour));
   }
 }
 

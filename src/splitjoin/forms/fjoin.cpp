@@ -25,11 +25,10 @@ Fjoin::Fjoin(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* par
   Lists().Files().installEventFilter(this);
 
   connect(&Lists(), &FileLists::FilePicked, this, [this](int row, const std::string&) { Pick(row); });
-  connect(&Lists(), &FileLists::FileChosen, this,
-          [this](const std::string& name) { Prepare({name}, NamesText({name})); });
+  connect(&Lists(), &FileLists::FileChosen, this, [this](const std::string& name) { PreparePicked({name}); });
   connect(&Lists(), &FileLists::Filled, this, [this] { StartAnew(); });
   connect(&Lists(), &FileLists::FilesChanged, this, [this] { FollowRows(); });
-  connect(&ActionB_, &QPushButton::clicked, this, [this] { PrepareText(); });
+  connect(&ActionB_, &QPushButton::clicked, this, [this] { Prepare(); });
   connect(&help, &QPushButton::clicked, this, [this] { Q_EMIT HelpWanted(); });
 }
 
@@ -75,19 +74,18 @@ void Fjoin::FollowRows() {
   }
 }
 
-// What the clicks wrote stands for the picked files; anything else was typed.
-void Fjoin::PrepareText() {
-  const bool built = Ftext_.text() == builtNames_;
-  Prepare(built ? PickedNames() : std::vector<std::string>(), ToPath(Ftext_.text()));
+// The text that the clicks wrote means the picked files; anything else was typed.
+void Fjoin::Prepare() {
+  if (Ftext_.text() == builtNames_) {
+    PreparePicked(PickedNames());
+  } else {
+    Q_EMIT Asked(PrepareJoin(job_, state_.LastFolder, ToPath(Ftext_.text()), ToPath(Dest_.text())));
+  }
 }
 
-void Fjoin::Prepare(const std::vector<std::string>& picked, const std::string& names) {
-  if (!CanBeQuoted(picked)) {
-    notices_.Tell("A file whose name holds a double quote cannot be joined", kErrorTitle,
-                  Notices::Icon::kCritical);
-    return;
-  }
-  Q_EMIT Asked(PrepareJoin(job_, state_.LastFolder, names, ToPath(Dest_.text())));
+void Fjoin::PreparePicked(const std::vector<std::string>& names) {
+  const auto question = PreparePickedJoin(job_, notices_, state_.LastFolder, names, ToPath(Dest_.text()));
+  if (question) Q_EMIT Asked(*question);
 }
 
 std::vector<std::string> Fjoin::PickedNames() const {

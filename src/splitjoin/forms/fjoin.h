@@ -31,8 +31,8 @@ class Fjoin : public FileDialog {
   void Pick(int row);
   void StartAnew();
   void FollowRows();
-  void PrepareText();
-  void Prepare(const std::vector<std::string>& picked, const std::string& names);
+  void Prepare();
+  void PreparePicked(const std::vector<std::string>& names);
   std::vector<std::string> PickedNames() const;
 
   ViewState& state_;
