@@ -3,12 +3,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <functional>
 #include <string>
 #include <unistd.h>
-
-#include "fileops/progress.h"
 
 namespace bench {
 
@@ -17,7 +14,9 @@ class BigFile {
  public:
   static constexpr std::size_t kBlock = 1 << 20;
 
-  BigFile(std::int64_t length, const std::function<void(std::string& block)>& fill) {
+  BigFile(std::int64_t length, const std::function<void(std::string& block)>& fill,
+          const std::string& folder = "/var/tmp")
+      : path_(folder + "/bytewarp-bench-XXXXXX") {
     const int descriptor = mkstemp(path_.data());
     std::string block(kBlock, '\0');
     for (std::int64_t done = 0; done < length; done += static_cast<std::int64_t>(kBlock)) {
@@ -38,12 +37,17 @@ class BigFile {
   }
 
  private:
-  std::string path_ = "/var/tmp/bytewarp-bench-XXXXXX";
+  std::string path_;
 };
 
 /// How long the files are: the first argument in MiB, else 1 GiB.
 inline std::int64_t LengthFrom(int argc, char** argv) {
   return (argc > 1 ? std::atoll(argv[1]) : 1024) * static_cast<std::int64_t>(BigFile::kBlock);
+}
+
+/// How often each job runs: the second argument, else 7 times.
+inline int RoundsFrom(int argc, char** argv) {
+  return argc > 2 ? std::atoi(argv[2]) : 7;
 }
 
 /// Bytes without a pattern of their own, other ones with every block.
@@ -56,19 +60,5 @@ inline void FillMixed(std::string& block) {
     byte = static_cast<char>(mix >> 32U);
   }
 }
-
-/// Nobody watches, nobody cancels.
-class NoProgress : public bwp::Progress {
- public:
-  void SetCaption(const std::string& /*caption*/) override {}
-  void SetLabel(const std::string& /*label*/) override {}
-  std::string Label() const override { return {}; }
-  void SetBar(float /*percent*/) override {}
-  void Show() override {}
-  void Hide() override {}
-  void LetEventsRun() override {}
-  bool Aborted() const override { return false; }
-  void ClearAbort() override {}
-};
 
 }  // namespace bench

@@ -12,6 +12,7 @@
 #include "fileops/forms/progform.h"
 #include "interleaved.h"
 #include "memory.h"
+#include "nobody.h"
 #include "other_program.h"
 
 namespace {
@@ -42,18 +43,10 @@ class TimedProgress : public bench::NoProgress {
   double seconds = 0;
 
  private:
-  void Time(const std::function<void()>& call) {
-    const auto start = std::chrono::steady_clock::now();
-    call();
-    seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  }
+  void Time(const std::function<void()>& call) { seconds += bench::Seconds(call); }
 
   bwp::Progress& window_;
 };
-
-void Cp(const std::string& from, const std::string& to) {
-  if (bench::RunProgram({"cp", from, to}) != 0) BigFile::Stop("cp");
-}
 
 void Copy(bwp::Progress& progress, const bwp::Disk& disk, const std::string& from, const std::string& to,
           std::int64_t length) {
@@ -74,7 +67,7 @@ int main(int argc, char** argv) {
   if (std::getenv("DISPLAY") == nullptr) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   const std::int64_t length = bench::LengthFrom(argc, argv);
-  const int rounds = argc > 2 ? std::atoi(argv[2]) : 7;
+  const int rounds = bench::RoundsFrom(argc, argv);
   const BigFile file(length, bench::FillMixed);
   const std::string target = file.Path() + ".copy";
   const bwp::Disk disk;
@@ -91,7 +84,9 @@ int main(int argc, char** argv) {
     return anew([&] { Copy(progress, by, file.Path(), target, length); });
   };
   const auto copies = bench::RunInterleaved("copying",
-                                            {{"cp", anew([&] { Cp(file.Path(), target); })},
+                                            {{"cp", anew([&] {
+                                                bench::MustRun({"cp", file.Path(), target});
+                                              })},
                                              {"StreamCopy", copy(nobody, disk)},
                                              {"StreamCopy, reading and writing", copy(nobody, plain)},
                                              {"StreamSkip", [&] { Skip(nobody, file.Path(), length); }}},
@@ -107,7 +102,7 @@ int main(int argc, char** argv) {
   const auto watched =
       bench::RunInterleaved("with the progress window", {{"StreamCopy", copy(timed, disk)}}, 3 * rounds);
   double seconds = 0;
-  for (const double copying : watched[0].seconds) seconds += copying;
+  for (const double copying : watched[0].times.seconds) seconds += copying;
   bench::Row("events and bar, part of a copy with the progress window",
              bench::Number(100 * timed.seconds / seconds, " %"), "", bench::AtMost(2, " %"));
   bench::Row("copy, memory above idle", bench::Number(idle.MostAbove(), " MiB"), "",

@@ -8,6 +8,7 @@
 #include "big_file.h"
 #include "fileops/stream_find.h"
 #include "interleaved.h"
+#include "nobody.h"
 #include "other_program.h"
 #include "viewer/view_file.h"
 
@@ -121,7 +122,7 @@ std::string Changed(std::string pattern, std::size_t place) {
 
 int main(int argc, char** argv) {
   const std::int64_t length = bench::LengthFrom(argc, argv);
-  const int rounds = argc > 2 ? std::atoi(argv[2]) : 7;
+  const int rounds = bench::RoundsFrom(argc, argv);
   {
     const BigFile mixed(length, bench::FillMixed);
     Measure("mixed bytes", mixed.Path(), rounds, true,

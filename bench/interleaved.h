@@ -17,15 +17,8 @@ inline double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-struct Job {
-  std::string name;
-  std::function<void()> run;
-  std::vector<double> seconds = {};
-  std::vector<double> processor = {};
-};
-
-/// What this program and those that it started have had of the processor: steadier than the clock on a
-/// machine that does other things too.
+/// The processor time of this program and of those that it started: steadier than the clock on a machine that
+/// does other things too.
 inline double ProcessorSeconds() {
   double sum = 0;
   for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
@@ -38,26 +31,48 @@ inline double ProcessorSeconds() {
   return sum;
 }
 
-/// Runs the jobs in turn, so that whatever else the machine does hits all alike, each round beginning with
-/// another one, so that none always follows the same job and pays for what that has left behind; prints the
-/// medians, each with its speed as a multiple of the first job's. Returns the jobs with what they took.
+/// What some work takes by the clock.
+inline double Seconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// What a job took, run by run.
+struct Times {
+  std::vector<double> seconds, processor;
+
+  void Take(const std::function<void()>& work) {
+    const double spent = ProcessorSeconds();
+    seconds.push_back(Seconds(work));
+    processor.push_back(ProcessorSeconds() - spent);
+  }
+};
+
+struct Job {
+  std::string name;
+  std::function<void()> run;
+  Times times = {};
+};
+
+/// Runs the jobs in turn, so that whatever else the machine does hits all alike. Each round begins with
+/// another job, and every other round goes backwards: no job always follows the same one and pays for what
+/// that has left to be written back. Prints the medians, each with its speed as a multiple of the first
+/// job's, and returns the jobs with what they took.
 inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job> jobs, int rounds) {
-  for (int round = 0; round < rounds; ++round) {
+  for (std::size_t round = 0; round < static_cast<std::size_t>(rounds); ++round) {
     for (std::size_t turn = 0; turn < jobs.size(); ++turn) {
-      Job& job = jobs[(turn + static_cast<std::size_t>(round)) % jobs.size()];
-      const double processor = ProcessorSeconds();
-      const auto start = std::chrono::steady_clock::now();
-      job.run();
-      job.seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-      job.processor.push_back(ProcessorSeconds() - processor);
+      const std::size_t place = (turn + round / 2) % jobs.size();
+      Job& job = jobs[round % 2 == 0 ? place : jobs.size() - 1 - place];
+      job.times.Take(job.run);
     }
   }
-  const double seconds = Median(jobs[0].seconds);
-  const double processor = Median(jobs[0].processor);
+  const double seconds = Median(jobs[0].times.seconds);
+  const double processor = Median(jobs[0].times.processor);
   std::printf("%-52s %18s %22s\n", title.c_str(), "clock", "processor");
   for (const Job& job : jobs) {
-    const double ownSeconds = Median(job.seconds);
-    const double ownProcessor = Median(job.processor);
+    const double ownSeconds = Median(job.times.seconds);
+    const double ownProcessor = Median(job.times.processor);
     std::printf("  %-46s %10.1f ms (%4.2fx) %12.1f ms (%4.2fx)\n", job.name.c_str(), 1000 * ownSeconds,
                 seconds / ownSeconds, 1000 * ownProcessor, processor / ownProcessor);
   }
@@ -67,8 +82,13 @@ inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job
 
 /// A row with a job's speed as a multiple of another one's.
 inline void SpeedRow(const std::string& what, const Job& job, const Job& base, const std::string& wanted) {
-  Row(what, Number(Median(base.seconds) / Median(job.seconds)),
-      Number(Median(base.processor) / Median(job.processor)), wanted);
+  Row(what, Number(Median(base.times.seconds) / Median(job.times.seconds)),
+      Number(Median(base.times.processor) / Median(job.times.processor)), wanted);
+}
+
+/// A row with a job's time as a multiple of another one's.
+inline void TimeRow(const std::string& what, const Job& job, const Job& base, const std::string& wanted) {
+  SpeedRow(what, base, job, wanted);
 }
 
 }  // namespace bench

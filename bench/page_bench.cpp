@@ -2,19 +2,18 @@
 // cells from pictures made beforehand; both through a widget's paint event, at device pixel ratio 1 and 2.
 
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <map>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
 
+#include "big_file.h"
+#include "nobody.h"
 #include "table.h"
 #include "viewer/forms/page_table.h"
-#include "viewer/forms/text_conversion.h"
 #include "viewer/open_view_file.h"
 #include "viewer/refresh.h"
 
@@ -24,28 +23,8 @@ using bwp::PageTable;
 
 constexpr std::int64_t kFileLength = 1 << 20;
 
-// A file of mixed bytes that goes away with the program.
-class BenchFile {
- public:
-  BenchFile() {
-    const int descriptor = mkstemp(path_.data());
-    std::string bytes(kFileLength, '\0');
-    std::uint32_t mix = 1;
-    for (char& byte : bytes) byte = static_cast<char>((mix = mix * 1664525U + 1013904223U) >> 24U);
-    if (write(descriptor, bytes.data(), bytes.size()) != kFileLength) std::perror(path_.c_str());
-    close(descriptor);
-  }
-  BenchFile(const BenchFile&) = delete;
-  BenchFile& operator=(const BenchFile&) = delete;
-  ~BenchFile() { unlink(path_.c_str()); }
-  const std::string& Path() const { return path_; }
-
- private:
-  std::string path_ = "/tmp/bytewarp-bench-XXXXXX";
-};
-
 // The grid alone: what else a refresh shows is not measured here.
-class TableDisplay : public bwp::Display {
+class TableDisplay : public bench::NoDisplay {
  public:
   TableDisplay(PageTable& table, QImage& target) : table_(table), target_(target) {}
   void SetRedraw(bool on) override {
@@ -53,14 +32,6 @@ class TableDisplay : public bwp::Display {
     table_.ShowPage();
     table_.viewport()->render(&target_);
   }
-  void MoveThumb() override {}
-  void ShowTitle(const std::string& /*title*/) override {}
-  void ShowRuler(bool /*hex*/) override {}
-  void ShowWindowTexts(const bwp::WindowTexts& /*texts*/) override {}
-  void ShowChunkTexts(const bwp::ChunkTexts& /*texts*/) override {}
-  void FocusGridIfEnabled() override {}
-  void LetEventsRun() override {}
-  void NextFrame() override {}
 
  private:
   PageTable& table_;
@@ -73,16 +44,16 @@ QImage TargetFor(const QWidget& widget, int ratio) {
   return target;
 }
 
-void ShowPage(benchmark::State& bench, bool hex) {
-  static const BenchFile file;
+void ShowPage(benchmark::State& run, bool hex) {
+  static const bench::BigFile file(kFileLength, bench::FillMixed);
   bwp::ViewState state;
   state.HexMode = hex;
   PageTable table(state.tabe);
   table.show();
   bwp::OpenViewFile(state, file.Path());
-  QImage target = TargetFor(*table.viewport(), static_cast<int>(bench.range(0)));
+  QImage target = TargetFor(*table.viewport(), static_cast<int>(run.range(0)));
   TableDisplay display(table, target);
-  for (auto _ : bench) {
+  for (auto _ : run) {
     state.SWStart = (state.SWStart + 16 * 37) % (kFileLength - bwp::kPageBytes);
     bwp::Refresh(state, display);
   }
@@ -119,8 +90,8 @@ class BareView : public QWidget {
   std::vector<Cell> cells_;
 };
 
-void BarePainter(benchmark::State& bench) {
-  const int ratio = static_cast<int>(bench.range(0));
+void BarePainter(benchmark::State& run) {
+  const int ratio = static_cast<int>(run.range(0));
   bwp::PageGrid grid;
   for (int position = 0; position < bwp::kPageBytes; ++position) {
     grid.WriteByte(position, static_cast<std::uint8_t>(position), true);
@@ -130,15 +101,15 @@ void BarePainter(benchmark::State& bench) {
   BareView view(table, ratio);
   view.show();
   QImage target = TargetFor(view, ratio);
-  for (auto _ : bench) view.render(&target);
+  for (auto _ : run) view.render(&target);
 }
 
-void HexPage(benchmark::State& bench) {
-  ShowPage(bench, true);
+void HexPage(benchmark::State& run) {
+  ShowPage(run, true);
 }
 
-void DecimalPage(benchmark::State& bench) {
-  ShowPage(bench, false);
+void DecimalPage(benchmark::State& run) {
+  ShowPage(run, false);
 }
 
 void Interleaved(benchmark::internal::Benchmark* benchmark) {

@@ -7,19 +7,20 @@
 //   rewrite_bench [FOLDER [MEBIBYTES [RUNS [sync|nosync]]]]
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <string>
-#include <sys/resource.h>
+#include <unistd.h>
 #include <vector>
 
+#include "big_file.h"
 #include "fileops/buffer_operations.h"
 #include "fileops/save.h"
 #include "interleaved.h"
 #include "memory.h"
+#include "nobody.h"
+#include "other_program.h"
 #include "viewer/open_view_file.h"
 
 namespace {
@@ -31,85 +32,40 @@ class NoSync : public bwp::Disk {
   int Sync(int /*descriptor*/) const override { return 0; }
 };
 
-struct Nobody : bwp::Display, bwp::Progress, bwp::Notices {
-  void SetRedraw(bool /*on*/) override {}
-  void MoveThumb() override {}
-  void ShowTitle(const std::string& /*title*/) override {}
-  void ShowRuler(bool /*hex*/) override {}
-  void ShowWindowTexts(const bwp::WindowTexts& /*texts*/) override {}
-  void ShowChunkTexts(const bwp::ChunkTexts& /*texts*/) override {}
-  void FocusGridIfEnabled() override {}
-  void NextFrame() override {}
-  void SetCaption(const std::string& /*caption*/) override {}
-  void SetLabel(const std::string& label) override { label_ = label; }
-  std::string Label() const override { return label_; }
-  void SetBar(float /*percent*/) override {}
-  void Show() override {}
-  void Hide() override {}
-  void LetEventsRun() override {}
-  bool Aborted() const override { return false; }
-  void ClearAbort() override {}
-  void Tell(const std::string& /*text*/, const std::string& /*title*/, Icon /*icon*/) override {}
-  bool Ask(const std::string& /*question*/) override { return true; }
-
- private:
-  std::string label_;
-};
-
-void Run(const std::string& command) {
-  if (std::system(command.c_str()) != 0) {
-    std::fprintf(stderr, "failed: %s\n", command.c_str());
-    std::exit(1);
-  }
+void Shell(const std::string& command) {
+  bench::MustRun({"sh", "-c", command});
 }
-
-struct Times {
-  std::vector<double> elapsed, processor;
-
-  void Take(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    const double spent = bench::ProcessorSeconds();
-    work();
-    elapsed.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    processor.push_back(bench::ProcessorSeconds() - spent);
-  }
-};
 
 class Bench {
  public:
-  Bench(std::string folder, std::int64_t mebibytes, int runs, bool sync)
-      : folder_(std::move(folder)),
-        data_(folder_ + "/bytewarp-bench-data"),
-        copy_(folder_ + "/bytewarp-bench-copy"),
+  Bench(const std::string& folder, std::int64_t mebibytes, int runs, bool sync)
+      : data_(mebibytes * kMebibyte, bench::FillMixed, folder),
+        copy_(data_.Path() + ".copy"),
         runs_(runs),
         sync_(sync) {
-    setenv("TMPDIR", folder_.c_str(), 1);
-    Run("head -c " + std::to_string(mebibytes) + "M /dev/urandom > '" + data_ + "'");
-    OpenViewFile(state_, data_);
+    setenv("TMPDIR", folder.c_str(), 1);
+    OpenViewFile(state_, data_.Path());
   }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
-  ~Bench() {
-    std::remove(data_.c_str());
-    std::remove(copy_.c_str());
-  }
+  ~Bench() { unlink(copy_.c_str()); }
 
   void All() {
-    std::printf("%s, %lld MiB, %d runs, %s sync\n", folder_.c_str(),
-                static_cast<long long>(state_.FLen / kMebibyte), runs_, sync_ ? "with" : "without");
-    Times cut, insert, save, over, beside;
     Copy();
-    for (int run = 0; run < runs_; ++run) {
-      over.Take([&] { Copy(); });
-      save.Take([&] { Save(); });
-      beside.Take([&] { CopyBeside(); });
-      cut.Take([&] { Cut(kMebibyte); });
-      beside.Take([&] { CopyBeside(); });
-      insert.Take([&] { Insert(); });
-    }
-    Report("save", save, over);
-    Report("cut", cut, beside);
-    Report("insert", insert, beside);
+    // The rounds take the jobs in any order: an insert needs a Buffer before the first cut.
+    Cut(kMebibyte);
+    const std::string title = data_.Path() + ", " + std::to_string(state_.FLen / kMebibyte) + " MiB, " +
+                              (sync_ ? "synced" : "not synced");
+    const std::vector<bench::Job> jobs = bench::RunInterleaved(title,
+                                                               {{"cp", [this] { Copy(); }},
+                                                                {"save", [this] { Save(); }},
+                                                                {"cp, mv", [this] { CopyBeside(); }},
+                                                                {"cut", [this] { Cut(kMebibyte); }},
+                                                                {"insert", [this] { Insert(); }}},
+                                                               runs_);
+    Report(jobs[1], jobs[0]);
+    Report(jobs[3], jobs[2]);
+    Report(jobs[4], jobs[2]);
     Cut(state_.FLen / 2);
     // Also with a Buffer of half the file.
     bench::Row("cut, insert, save: memory above idle but the Buffer", bench::Number(peak_, " MiB"), "",
@@ -117,22 +73,20 @@ class Bench {
   }
 
  private:
-  void Report(const std::string& name, const Times& job, const Times& copy) const {
-    const double elapsed = bench::Median(job.elapsed);
-    const double copied = bench::Median(copy.elapsed);
-    std::printf("  %-7s %.3f s, its copy %.3f s\n", name.c_str(), elapsed, copied);
-    bench::Row(name + (sync_ ? ", synced / cp, sync" : ", no sync / cp"), bench::Number(copied / elapsed),
-               bench::Number(bench::Median(copy.processor) / bench::Median(job.processor)),
-               bench::AtLeast(0.9));
+  void Report(const bench::Job& job, const bench::Job& copy) const {
+    bench::SpeedRow(job.name + (sync_ ? ", synced / cp, sync" : ", no sync / cp"), job, copy,
+                    bench::AtLeast(0.9));
   }
 
-  void Copy() const { Run("cp '" + data_ + "' '" + copy_ + "'" + (sync_ ? " && sync '" + copy_ + "'" : "")); }
+  void Copy() const {
+    Shell("cp '" + data_.Path() + "' '" + copy_ + "'" + (sync_ ? " && sync '" + copy_ + "'" : ""));
+  }
 
   // The new file complete before the old one goes, as a cut and an insert have it.
   void CopyBeside() const {
     const std::string part = copy_ + ".part";
-    Run("cp '" + data_ + "' '" + part + "'" + (sync_ ? " && sync '" + part + "'" : "") + " && mv -f '" +
-        part + "' '" + copy_ + "'");
+    Shell("cp '" + data_.Path() + "' '" + part + "'" + (sync_ ? " && sync '" + part + "'" : "") +
+          " && mv -f '" + part + "' '" + copy_ + "'");
   }
 
   void Cut(std::int64_t bytes) {
@@ -149,7 +103,7 @@ class Bench {
   void Save() {
     Watched([&] {
       SaveChunk(state_, services_, copy_);
-      if (sync_) Run("sync '" + copy_ + "'");
+      if (sync_) Shell("sync '" + copy_ + "'");
     });
   }
 
@@ -162,15 +116,18 @@ class Bench {
     peak_ = std::max(peak_, idle.MostAbove() - static_cast<double>(grown) / kMebibyte);
   }
 
-  std::string folder_, data_, copy_;
+  bench::BigFile data_;
+  std::string copy_;
   int runs_;
   bool sync_;
   double peak_ = 0;  // MiB
   bwp::ViewState state_;
-  Nobody nobody_;
+  bench::NoDisplay display_;
+  bench::NoProgress progress_;
+  bench::NoNotices notices_;
   bwp::Disk disk_;
   NoSync noSync_;
-  bwp::Services services_{nobody_, nobody_, nobody_, sync_ ? disk_ : noSync_};
+  bwp::Services services_{display_, progress_, notices_, sync_ ? disk_ : noSync_};
 };
 
 }  // namespace

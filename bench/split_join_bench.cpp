@@ -1,25 +1,21 @@
 // Splitting a page-cached file and joining its parts, with the progress window up, beside `split -b` and
-// `cat` of the same parts in interleaved rounds; and what one step of the slider costs at 1000 parts. An
-// argument gives the file's length in MiB instead of 1024.
+// `cat` of the same parts in interleaved rounds; and what one step of the slider costs at 1000 parts. The
+// first argument is the length of the file in MiB (1024 when not given), the second the number of rounds (7).
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
-#include <functional>
-#include <stdexcept>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 #include <QApplication>
 #include <QImage>
 
+#include "big_file.h"
 #include "fileops/forms/progform.h"
 #include "interleaved.h"
+#include "nobody.h"
+#include "other_program.h"
 #include "splitjoin/forms/divide.h"
 #include "splitjoin/split_join_worker.h"
 #include "viewer/number_text.h"
@@ -28,27 +24,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using bench::Median;
-
-constexpr std::int64_t kMebibyte = 1 << 20;
-constexpr int kRounds = 7;
-
-class NoDisplay : public bwp::Display {
-  void SetRedraw(bool /*on*/) override {}
-  void MoveThumb() override {}
-  void ShowTitle(const std::string& /*title*/) override {}
-  void ShowRuler(bool /*hex*/) override {}
-  void ShowWindowTexts(const bwp::WindowTexts& /*texts*/) override {}
-  void ShowChunkTexts(const bwp::ChunkTexts& /*texts*/) override {}
-  void FocusGridIfEnabled() override {}
-  void LetEventsRun() override {}
-  void NextFrame() override {}
-};
-
-class NoNotices : public bwp::Notices {
-  void Tell(const std::string& /*text*/, const std::string& /*title*/, Icon /*icon*/) override {}
-  bool Ask(const std::string& /*question*/) override { return true; }
-};
+using bench::MustRun;
 
 class NoWindows : public bwp::SplitJoinWindows {
   void HideDivide() override {}
@@ -56,84 +32,104 @@ class NoWindows : public bwp::SplitJoinWindows {
   void HideFjoin() override {}
 };
 
-double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-// Throws when the command fails: what is measured then is worth nothing.
-void Shell(const std::string& command) {
-  const pid_t child = fork();
-  if (child == 0) {
-    execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-    std::_Exit(127);
-  }
-  int status = 0;
-  if (waitpid(child, &status, 0) != child || status != 0) throw std::runtime_error("failed: " + command);
-}
-
-// A folder whose path holds no digit, with a source file of random bytes in it.
-class Workplace {
+// A folder for the parts; its path holds no digit, which would be taken for their number.
+class PartsFolder {
  public:
-  explicit Workplace(std::int64_t mebibytes) {
-    fs::create_directories(folder_);
-    Shell("head -c " + std::to_string(mebibytes * kMebibyte) + " /dev/urandom > " + Source());
+  PartsFolder() {
+    fs::remove_all(path_);
+    fs::create_directories(path_);
   }
-  Workplace(const Workplace&) = delete;
-  Workplace& operator=(const Workplace&) = delete;
-  ~Workplace() { fs::remove_all(folder_); }
-  const std::string& Folder() const { return folder_; }
-  std::string Source() const { return folder_ + "source"; }
-  void Remove(const std::string& pattern) const { Shell("rm -f " + folder_ + pattern); }
+  PartsFolder(const PartsFolder&) = delete;
+  PartsFolder& operator=(const PartsFolder&) = delete;
+  ~PartsFolder() { fs::remove_all(path_); }
+  const std::string& Path() const { return path_; }
+  std::vector<std::string> Files(const std::string& stem) const {
+    std::vector<std::string> files;
+    for (const auto& entry : fs::directory_iterator(path_)) {
+      if (entry.path().filename().string().starts_with(stem)) files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+  }
+  void Remove(const std::string& stem) const {
+    for (const std::string& file : Files(stem)) fs::remove(file);
+  }
 
  private:
-  const std::string folder_ = "/var/tmp/bytewarp-split-bench/";
+  const std::string path_ = "/var/tmp/bytewarp-split-bench/";
 };
 
-void Report(const char* what, const std::vector<double>& ours, const std::vector<double>& theirs) {
-  std::printf("%-28s %8.0f ms %8.0f ms\n", what, Median(ours), Median(theirs));
-  bench::Row(what, bench::Number(Median(ours) / Median(theirs)), "", bench::AtMost(1.1));
-}
-
-void MeasureJobs(std::int64_t mebibytes) {
-  const Workplace place(mebibytes);
-  NoDisplay display;
-  NoNotices notices;
-  NoWindows windows;
-  const bwp::Disk disk;
-  bwp::Progform progress(nullptr);
-  bwp::ViewState state;
-  state.LastFolder = place.Folder();
-  bwp::SplitPlan plan(state);
-  bwp::SplitJoinJob job;
-  bwp::SplitJoinWorker worker(state, {display, progress, notices, disk}, plan, job, windows);
-
-  const std::int64_t partSize = std::max<std::int64_t>(1, mebibytes / 10) * kMebibyte;
-  std::vector<double> split, splitBase, join, joinBase;
-  for (int round = 0; round < kRounds; ++round) {
-    bwp::OpenViewFile(state, place.Source());
-    plan.EnterDecimalSize(std::to_string(partSize));
-    splitBase.push_back(Milliseconds([&] {
-      Shell("split -d -a 3 -b " + std::to_string(partSize) + " " + place.Source() + " " + place.Folder() +
-            "base.");
-    }));
-    place.Remove("base.*");
-    job = {true, bwp::kSplitAction, place.Folder() + "part", {}};
-    split.push_back(Milliseconds([&] { worker.Tick(); }));
-    joinBase.push_back(
-        Milliseconds([&] { Shell("cat " + place.Folder() + "part.* > " + place.Folder() + "joined"); }));
-    place.Remove("joined");
-    job = {true, bwp::kJoinAction, "\"part.000\"", place.Folder() + "result"};
-    join.push_back(Milliseconds([&] { worker.Tick(); }));
-    if (round == 0) Shell("cmp " + place.Source() + " " + place.Folder() + "result");
-    state.file.Close();
-    place.Remove("result");
-    place.Remove("part.*");
+// The worker as the program has it, without its windows but the progress window.
+class Tool {
+ public:
+  Tool(const bench::BigFile& file, std::int64_t length) : file_(file) {
+    state_.LastFolder = folder_.Path();
+    partSize_ = std::max<std::int64_t>(1, length / 10);
   }
-  Report("time of split / split -b", split, splitBase);
-  Report("time of join / cat", join, joinBase);
-}
+
+  void Measure(int rounds) {
+    const auto splits = bench::RunInterleaved(
+        "splitting", {{"split -b", [this] { SplitByOther(); }}, {"split", [this] { SplitAndRemove(); }}},
+        rounds);
+    bench::TimeRow("time of split / split -b", splits[1], splits[0], bench::AtMost(1.1));
+    Split();
+    const auto joins = bench::RunInterleaved(
+        "joining", {{"cat", [this] { JoinByOther(); }}, {"join", [this] { JoinAndRemove(); }}}, rounds);
+    bench::TimeRow("time of join / cat", joins[1], joins[0], bench::AtMost(1.1));
+    Join();
+    MustRun({"cmp", file_.Path(), Result()});
+  }
+
+ private:
+  std::string Result() const { return folder_.Path() + "result"; }
+
+  void Split() {
+    bwp::OpenViewFile(state_, file_.Path());
+    plan_.EnterDecimalSize(std::to_string(partSize_));
+    job_ = {true, bwp::kSplitAction, folder_.Path() + "part", {}};
+    worker_.Tick();
+  }
+  void SplitAndRemove() {
+    Split();
+    folder_.Remove("part");
+  }
+  void SplitByOther() const {
+    MustRun(
+        {"split", "-d", "-a", "3", "-b", std::to_string(partSize_), file_.Path(), folder_.Path() + "base."});
+    folder_.Remove("base");
+  }
+
+  void Join() {
+    job_ = {true, bwp::kJoinAction, "\"part.000\"", Result()};
+    worker_.Tick();
+  }
+  // The bytes of a file that is open stay when its name goes: it is closed first, so that both jobs pay for
+  // letting them go.
+  void JoinAndRemove() {
+    Join();
+    state_.file.Close();
+    folder_.Remove("result");
+  }
+  void JoinByOther() const {
+    std::vector<std::string> words = folder_.Files("part");
+    words.insert(words.begin(), "cat");
+    MustRun(words, folder_.Path() + "joined");
+    folder_.Remove("joined");
+  }
+
+  const bench::BigFile& file_;
+  const PartsFolder folder_;
+  std::int64_t partSize_ = 0;
+  bench::NoDisplay display_;
+  bench::NoNotices notices_;
+  NoWindows windows_;
+  const bwp::Disk disk_;
+  bwp::Progform progress_{nullptr};
+  bwp::ViewState state_;
+  bwp::SplitPlan plan_{state_};
+  bwp::SplitJoinJob job_;
+  bwp::SplitJoinWorker worker_{state_, {display_, progress_, notices_, disk_}, plan_, job_, windows_};
+};
 
 void MeasurePlan() {
   bwp::ViewState state;
@@ -145,16 +141,17 @@ void MeasurePlan() {
   form.Start();
   QApplication::processEvents();
   QImage picture(form.size(), QImage::Format_ARGB32_Premultiplied);
-  std::vector<double> times;
+  bench::Times times;
   for (int i = 0; i < 101; ++i) {
-    times.push_back(Milliseconds([&] {
+    times.Take([&] {
       plan.ReleaseSlider(state.FLen / 1000 - i);
       QEvent activation(QEvent::WindowActivate);  // shows the plan
       QApplication::sendEvent(&form, &activation);
       form.render(&picture);
-    }));
+    });
   }
-  bench::Row("plan and draw 1000 boxes", bench::Number(Median(times), " ms"), "", bench::AtMost(5, " ms"));
+  bench::Row("plan and draw 1000 boxes", bench::Number(1000 * bench::Median(times.seconds), " ms"),
+             bench::Number(1000 * bench::Median(times.processor), " ms"), bench::AtMost(5, " ms"));
 }
 
 }  // namespace
@@ -162,12 +159,9 @@ void MeasurePlan() {
 int main(int argc, char** argv) {
   if (std::getenv("DISPLAY") == nullptr) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  try {
-    MeasurePlan();
-    MeasureJobs(argc > 1 ? std::max(1L, std::atol(argv[1])) : 1024);
-  } catch (const std::runtime_error& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 1;
-  }
+  MeasurePlan();
+  const std::int64_t length = bench::LengthFrom(argc, argv);
+  const bench::BigFile file(length, bench::FillMixed);
+  Tool(file, length).Measure(bench::RoundsFrom(argc, argv));
   return 0;
 }

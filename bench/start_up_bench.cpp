@@ -2,7 +2,6 @@
 // that shows an empty main window: wall time and peak memory, as ratios of interleaved runs. The file shown
 // is a sparse one of the greatest length; without a display the offscreen platform is measured.
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
