@@ -5,19 +5,19 @@
 
 namespace bwp {
 
-/// In which order the entries of a list were picked, as far as clicks tell: one click speaks of one entry, so
-/// what Shift selects along with it gets no place, and what a plain click unselects beside it keeps its own.
+/// The order in which the entries of a list were clicked. A click concerns one entry only: entries that Shift
+/// selects along with it get no place, and entries that a plain click unselects keep theirs.
 class ClickOrder {
  public:
-  /// Forgets every place: the list was filled anew.
+  /// Forgets every place; to be called when the list is refilled.
   void Reset();
 
-  /// The entry was clicked and is now selected or not. Selected, it is the last one from now on. Unselected,
-  /// it gives up its place and those behind it move up; an entry that never had one stands before all others
-  /// in this, so that the first one drops out.
+  /// The entry was clicked and is now selected or not. If selected, it becomes the last one. If unselected,
+  /// it gives up its place and those after it move up. An entry that has no place counts as being before all
+  /// others here, so the first one drops out.
   void Click(std::size_t entry, bool selected);
 
-  /// The placed entries, the first pick first.
+  /// The entries that have a place, in order.
   std::vector<std::size_t> Picked() const;
 
  private:

@@ -3,11 +3,11 @@
 namespace bwp {
 namespace {
 
-// The boxes keep this far from the frame's sides.
+// The distance of the boxes from the frame.
 constexpr double kInset = 20;
 // Neighbours overlap by this much, so that no gap shows between them.
 constexpr double kOverlap = 1;
-// More parts than this could not be told apart.
+// More boxes than this could not be told apart.
 constexpr std::int64_t kMostBoxes = 1000;
 
 }  // namespace

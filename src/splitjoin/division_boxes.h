@@ -21,9 +21,9 @@ struct DivisionBox {
 inline constexpr Colour kFirstPartColour = 0x00FF00;   // green
 inline constexpr Colour kSecondPartColour = 0xFF0000;  // blue
 
-/// The boxes that show a file of that size cut into parts of that size, one a part in two colours by turns,
-/// and a closing one up to the frame's end. Above 1000 whole parts the closing box is the only one; without
-/// a part size there is none.
+/// The boxes that show a file of that size cut into parts of that size: one per whole part, in alternating
+/// colours, and a closing one that fills the frame to its end. Above 1000 whole parts there is only the
+/// closing box; without a part size there is none.
 std::vector<DivisionBox> DivisionBoxes(std::int64_t fileSize, std::int64_t partSize, const FrameShape& frame);
 
 }  // namespace bwp

@@ -4,7 +4,7 @@
 
 namespace bwp {
 
-/// What the help window of the split and join tool shows; lines end in carriage return and line feed.
+/// The text of the help window; lines are separated by carriage return and line feed.
 std::string SplitJoinHelp();
 
 }  // namespace bwp

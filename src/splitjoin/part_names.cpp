@@ -11,13 +11,13 @@ namespace {
 constexpr std::size_t kNumberLength = 3;
 constexpr std::string_view kDigits = "0123456789";
 
-// Cuts where the number starts; a name that ends sooner than the number has no suffix.
+// Cuts where the number starts. A name that ends before three characters has no suffix.
 PartNames CutAt(const std::string& name, std::size_t start) {
   const std::string number = name.substr(start, kNumberLength);
   return {name.substr(0, start), funzioni::ParseDecimal(number), name.substr(start + number.size())};
 }
 
-// The walk to the first digit of a split's base name ends at the last character and never looks at it.
+// The search for the first digit of a split's base name never looks at the last character.
 std::size_t NumberStart(const std::string& path) {
   return std::string_view(path).substr(0, path.empty() ? 0 : path.size() - 1).find_first_of(kDigits);
 }

@@ -9,13 +9,13 @@
 
 namespace bwp {
 
-/// The actions that the worker knows, by their words.
+/// The action words: what the worker can be asked to do.
 inline constexpr const char* kSplitAction = "split";
 inline constexpr const char* kDeleteAndSplitAction = "del&split";
 inline constexpr const char* kJoinAction = "join";
 inline constexpr const char* kDeleteAndJoinAction = "del&join";
 
-/// What the forms of the split and join tool leave for its worker.
+/// What the forms of the split and join tool hand to its worker.
 struct SplitJoinJob {
   bool confirmed = false;   ///< The confirmation answer: OK starts the action on the next tick.
   std::string action;       ///< One of the action words; empty when there is none.
@@ -23,24 +23,23 @@ struct SplitJoinJob {
   std::string destination;  ///< Join: where the result goes, with its folder.
 };
 
-/// Stores a split into the folder's parts of that base name and gives the question to ask first. An answer to
-/// an earlier question is void: it was not this job that it confirmed. A file of exactly that name makes it a
-/// split that deletes the parts of an earlier one. A base name that starts at the root stands for itself, as
-/// a destination does.
+/// Stores a split into parts with that base name and returns the question to ask first. An earlier answer no
+/// longer counts: it did not confirm this job. If a file of exactly that name exists, the split first deletes
+/// the parts of an earlier one. An absolute base name is taken as it is, like an absolute destination.
 std::string PrepareSplit(SplitJoinJob& job, const std::string& folder, const std::string& baseName);
 
-/// Stores a join of the typed names into a destination in the same folder and gives the question to ask
-/// first, voiding an earlier answer likewise. A destination that is there is deleted before.
+/// Stores a join of the typed names into a destination in that folder and returns the question to ask first.
+/// Here too an earlier answer no longer counts. A destination that exists is deleted first.
 std::string PrepareJoin(SplitJoinJob& job, const std::string& folder, const std::string& typedNames,
                         const std::string& destination);
 
-/// The same for files that were picked from a list, in their order. A name that holds a double quote cannot
-/// be told from the quotes around it: the person is told, nothing is stored and there is no question.
+/// The same for files that were picked from a list, in their order. If a name contains a double quote, which
+/// could not be told from the quotes around it, this says so, stores nothing and returns no question.
 std::optional<std::string> PreparePickedJoin(SplitJoinJob& job, Notices& notices, const std::string& folder,
                                              const std::vector<std::string>& names,
                                              const std::string& destination);
 
-/// The title under which the base name of the parts is asked for.
+/// The title of the form that asks for the base name of the parts.
 std::string SplitTitle(const std::string& openFile, std::int64_t partSize);
 
 }  // namespace bwp

@@ -26,7 +26,7 @@ std::string StepOf(std::int64_t step, std::int64_t steps) {
   return ", step " + SignPadded(step) + " of " + SignPadded(steps);
 }
 
-// A part or a result never takes the place of the file that is shown.
+// A part or a result must never overwrite the open file.
 WriteStream Create(const ViewState& state, const Disk& disk, const std::string& path) {
   RefuseToOverwriteOpenFile(state, path);
   return {disk, path};
@@ -37,7 +37,7 @@ void Delete(const ViewState& state, const Disk& disk, const std::string& path) {
   if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
 
-// One file, by its identity or, where it is not there yet, by its path.
+// Compared by identity or, if the first does not exist yet, by path.
 bool SameFile(const std::string& one, const std::string& other) {
   const auto identity = IdentityOf(one);
   if (identity) return identity == IdentityOf(other);
@@ -107,7 +107,7 @@ void SplitJoinWorker::WriteParts(std::int64_t partSize) {
 void SplitJoinWorker::DeleteOldParts() {
   windows_.HideFsel();
   const PartNames names = DeletionNames(job_.names);
-  // The first missing number ends it: what an earlier, longer split left beyond a gap stays.
+  // The first missing number ends it: parts of an earlier, longer split beyond a gap are kept.
   for (std::int64_t number = names.first;; ++number) {
     const std::string path = names.Name(number);
     if (!funzioni::FileExists(path)) break;
@@ -163,7 +163,7 @@ void SplitJoinWorker::ShowResult() {
   const bool tooLarge = ReadStream(job_.destination).Length() > kMaxFileLength;
   if (!tooLarge) OpenViewFile(state_, job_.destination);
   windows_.HideFjoin();
-  // A position that was being typed belonged to the file before; it must not keep this one off the page.
+  // A position that was being typed was meant for the previous file; it must not hold back this one's page.
   state_.FieldTyping = false;
   Refresh(state_, services_.display);
   if (tooLarge) {
@@ -173,7 +173,7 @@ void SplitJoinWorker::ShowResult() {
   }
 }
 
-// The names as given or, for a single one, its file and the consecutive ones up to the first that is missing.
+// The names as given; for a single one, that file and its successors up to the first that is missing.
 std::vector<std::string> SplitJoinWorker::NamesToJoin() const {
   std::vector<std::string> names = ParseNames(job_.names);
   if (names.size() != 1) return names;

@@ -11,7 +11,7 @@
 
 namespace bwp {
 
-/// The tool's windows, as far as the worker closes them.
+/// The tool's windows that the worker hides.
 class SplitJoinWindows {
  public:
   virtual ~SplitJoinWindows() = default;
@@ -20,16 +20,16 @@ class SplitJoinWindows {
   virtual void HideFjoin() = 0;
 };
 
-/// Carries out the jobs of the split and join tool, on a timer and never inside a button's click, so that the
-/// window with the question is gone before the copying begins.
+/// Carries out the jobs of the split and join tool. It runs on a timer and never inside a button's click, so
+/// that the window with the question is gone before the copying begins.
 class SplitJoinWorker {
  public:
   SplitJoinWorker(ViewState& state, const Services& services, const SplitPlan& plan, SplitJoinJob& job,
                   SplitJoinWindows& windows);
 
-  /// Does nothing until the job is confirmed; then does all of it, or the deletion that comes before it and
-  /// confirms the rest for the next tick. A tick that comes while events run during a job does nothing.
-  /// Throws the platform's error; what was already written stays.
+  /// Does nothing unless the job is confirmed. Then it does all of it, or the deletion that comes first, and
+  /// confirms the rest for the next tick. A tick in the middle of a job does nothing. Throws RunTimeError;
+  /// what has been written by then stays.
   void Tick();
 
  private:

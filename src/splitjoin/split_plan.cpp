@@ -15,7 +15,7 @@ int Sign(std::int64_t value) {
   return value > 0 ? 1 : value < 0 ? -1 : 0;
 }
 
-// The largest power of two below a twentieth of the file, at most 2^30; 0 when not even 1 is.
+// The largest power of two below a twentieth of the file, at most 2^30; 0 if there is none.
 std::int64_t LargeStep(std::int64_t fileSize) {
   std::int64_t step = 0;
   for (int i = 0; i <= 30; ++i) {
@@ -25,7 +25,8 @@ std::int64_t LargeStep(std::int64_t fileSize) {
   return step;
 }
 
-// A size too long for eight digits shows as the largest: Enter cuts it to the file's length anyway.
+// A size that needs more than eight digits shows as the largest one: Enter cuts it to the file's length
+// anyway.
 std::string HexSize(std::int64_t size) {
   return funzioni::HexOffset(MinOf({size, kMaxFileLength}));
 }
@@ -44,7 +45,7 @@ std::int64_t PartSizeForCount(std::int64_t fileSize, std::int64_t count) {
     const std::int64_t size = RoundedQuotient(fileSize, count);
     if (size * count >= fileSize) return size;
     if (count < size) return size + 1;
-    // One part more, and again, until the parts cover the file: all counts up to that one round to this size.
+    // On to the first count whose parts cover the file: those before it all round to the same size.
     count = (fileSize + size - 1) / size;
   }
 }
@@ -81,7 +82,7 @@ void SplitPlan::Agggraph() {
   ForgetOtherPreset();
 }
 
-// The list names a medium no longer than the parts are made for it; a file shorter than that is one part.
+// The list names a medium only while the part size is that medium's, or the whole of a shorter file.
 void SplitPlan::ForgetOtherPreset() {
   if (fields_.Preset < 0) return;
   const std::int64_t preset = kSizePresets.at(static_cast<std::size_t>(fields_.Preset)).bytes;
@@ -106,7 +107,7 @@ void SplitPlan::ChangeCount(std::int64_t count) {
   if (count <= 0) return;
   fields_.NChunk = std::to_string(count);
   const std::int64_t quotient = state_.FLen / count;
-  // One byte more than the quotient even where the count divides the file.
+  // One byte more than the quotient, even if the count divides the file.
   partSize_ = quotient + Sign(quotient);
   Agggraph();
 }
@@ -114,7 +115,7 @@ void SplitPlan::ChangeCount(std::int64_t count) {
 void SplitPlan::ClickCountDown(std::int64_t count) {
   if (count <= 0) return;
   const std::int64_t size = RoundedQuotient(state_.FLen, count);
-  // Taking 1 off before rounding is the same but where a tie meets: the even neighbour is then another one.
+  // One byte less, taken off before rounding: after a tie that makes a difference.
   partSize_ = size == partSize_ ? RoundedQuotient(MaxOf({0, state_.FLen - count}), count) : size;
   Agggraph();
 }
@@ -138,7 +139,7 @@ void SplitPlan::EnterDecimalSize(std::string_view text) {
 
 void SplitPlan::TypeHexSize(std::string_view text) {
   fields_.HCHsize = text;
-  // Only the twin follows: the part size waits for Enter.
+  // Only the decimal twin follows; the part size waits for Enter.
   if (funzioni::IsNumberText(text, true)) fields_.DChsize = std::to_string(funzioni::ParseHex(text));
 }
 
@@ -155,7 +156,7 @@ void SplitPlan::ChoosePreset(int index) {
   Agggraph();
 }
 
-// Part size and twin follow what the decimal field shows.
+// The part size and its hexadecimal twin follow the decimal field.
 void SplitPlan::WriteDecimalSize(std::string text) {
   fields_.DChsize = std::move(text);
   partSize_ = funzioni::ParseDecimal(fields_.DChsize);

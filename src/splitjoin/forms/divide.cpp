@@ -19,7 +19,7 @@
 namespace bwp {
 namespace {
 
-// The form's smallest size, and by how much slider and frame are narrower than it, in form units.
+// The form's smallest size, and how much narrower the slider and the frame are, in form units.
 constexpr double kLeastWidth = 8670;
 constexpr double kLeastHeight = 3930;
 constexpr double kSliderNarrower = 105;
@@ -41,7 +41,7 @@ QPushButton* Button(QWidget* form, const char* name) {
   auto* const button = new QPushButton(QLatin1String(name), form);
   button->setObjectName(QLatin1String(name));
   button->setAccessibleName(QLatin1String(name));
-  // Enter belongs to the fields.
+  // Enter is for the fields.
   button->setAutoDefault(false);
   return button;
 }
@@ -58,7 +58,7 @@ QLabel* Heading(QWidget* form, const QString& text) {
   return label;
 }
 
-// A row that is narrower than the form by that many units, in its middle.
+// A centred row that is narrower than the form by that many units.
 QHBoxLayout* RowOf(QWidget* widget, double narrower) {
   auto* const row = new QHBoxLayout;
   const int pixels = ToPixels(narrower);
@@ -67,7 +67,7 @@ QHBoxLayout* RowOf(QWidget* widget, double narrower) {
   return row;
 }
 
-// Writes a text that is not there yet: the cursor of a field that is typed into stays where it is.
+// Leaves a text alone that is there already, so that the cursor stays where it is while somebody types.
 void Write(QLineEdit& field, const std::string& text) {
   const QString shown = FromCodePage(text);
   if (field.text() == shown) return;
@@ -228,7 +228,7 @@ bool Divide::event(QEvent* event) {
 
 void Divide::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  // Before the first show there is no plan; minimised there is nothing to see.
+  // There is no plan before the form is first shown, and nothing to see while it is minimised.
   if (!isVisible() || isMinimized()) return;
   layout()->activate();
   Plan();
@@ -261,7 +261,7 @@ bool Divide::eventFilter(QObject* watched, QEvent* event) {
   return QDialog::eventFilter(watched, event);
 }
 
-// Whatever moves the slider without holding it, as the wheel does, lets go of it at once.
+// Moving the slider without holding it, as the wheel does, counts as a release too.
 void Divide::MoveSlider(int position) {
   plan_.DragSlider(position);
   ShowFields();

@@ -14,7 +14,7 @@ namespace bwp {
 class DivisionView;
 class UpDown;
 
-/// The form `Divide`: sets the part size in any of seven ways and shows the plan that follows.
+/// The form `Divide`: lets the part size be set in any of seven ways and shows the resulting plan.
 class Divide : public QDialog {
   Q_OBJECT
 
@@ -25,9 +25,9 @@ class Divide : public QDialog {
   void Start();
 
  Q_SIGNALS:
-  /// The button `Split` was clicked: the base name of the parts is to be asked for.
+  /// `Split` was clicked: the base name of the parts is to be asked for.
   void SplitClicked();
-  /// The button `Join` was clicked: the files to join are to be asked for.
+  /// `Join` was clicked: the files to join are to be asked for.
   void JoinClicked();
 
  protected:

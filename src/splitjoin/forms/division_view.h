@@ -8,12 +8,12 @@
 
 namespace bwp {
 
-/// The framed graphic that shows how a file is divided into parts.
+/// The framed picture of how a file is divided into parts.
 class DivisionView : public QWidget {
  public:
   explicit DivisionView(QWidget* parent);
 
-  /// The frame in its own coordinates, for which the boxes are computed.
+  /// The frame in the widget's own coordinates; the boxes are computed for it.
   FrameShape Frame() const;
   void ShowBoxes(std::vector<DivisionBox> boxes);
 

@@ -37,7 +37,7 @@ void Fjoin::Start() {
   Lists().Files().setFocus();
 }
 
-// Enter in the list means the whole selection, as it does in the fields; one file alone is double-clicked.
+// Enter in the list joins the whole selection, as it does in the fields; a double click means one file.
 bool Fjoin::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &Lists().Files() && event->type() == QEvent::KeyPress) {
     const auto* const press = static_cast<QKeyEvent*>(event);
@@ -56,14 +56,14 @@ void Fjoin::Pick(int row) {
   Ftext_.setText(builtNames_);
 }
 
-// Names that were picked in another folder are not in this one; what was typed stays.
+// Names that were picked in another folder are not in this one; a typed text stays.
 void Fjoin::StartAnew() {
   order_.Reset();
   rows_ = Lists().FileNames();
   if (Ftext_.text() == builtNames_) Ftext_.clear();
 }
 
-// Files came or went: the places stay with the names.
+// Files came or went: each name keeps its place.
 void Fjoin::FollowRows() {
   const std::vector<std::string> picked = PickedNames();
   rows_ = Lists().FileNames();
@@ -74,7 +74,7 @@ void Fjoin::FollowRows() {
   }
 }
 
-// The text that the clicks wrote means the picked files; anything else was typed.
+// A text that the clicks wrote means the picked files; any other was typed.
 void Fjoin::Prepare() {
   if (Ftext_.text() == builtNames_) {
     PreparePicked(PickedNames());

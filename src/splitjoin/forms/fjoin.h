@@ -9,7 +9,7 @@
 
 namespace bwp {
 
-/// The form `Fjoin`: takes the files to join, in the order of the clicks on them, and the destination.
+/// The form `Fjoin`: asks for the files to join, in the order of the clicks on them, and the destination.
 class Fjoin : public FileDialog {
   Q_OBJECT
 
@@ -20,8 +20,9 @@ class Fjoin : public FileDialog {
   void Start();
 
  Q_SIGNALS:
-  /// A join is prepared and waits for the answer to the question.
+  /// A join is prepared; this question is to be asked.
   void Asked(const std::string& question);
+  /// The help button was clicked.
   void HelpWanted();
 
  protected:
@@ -39,7 +40,7 @@ class Fjoin : public FileDialog {
   Notices& notices_;
   SplitJoinJob& job_;
   ClickOrder order_;
-  std::vector<std::string> rows_;  ///< The names that the order's entries stand for.
+  std::vector<std::string> rows_;  ///< The names of the entries in the order.
   QString builtNames_;             ///< What the clicks wrote into Ftext.
   QLineEdit& Ftext_;
   QLineEdit& Dest_;

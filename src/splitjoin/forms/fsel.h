@@ -7,19 +7,20 @@
 
 namespace bwp {
 
-/// The form `Fsel`: takes the base name of the parts of a split.
+/// The form `Fsel`: asks for the base name of the parts of a split.
 class Fsel : public FileDialog {
   Q_OBJECT
 
  public:
   Fsel(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* parent);
 
-  /// Shows the form on LastFolder under a title that says what is split.
+  /// Shows the form on LastFolder, with a title that says what is split.
   void Start(const std::string& title);
 
  Q_SIGNALS:
-  /// A split is prepared and waits for the answer to the question.
+  /// A split is prepared; this question is to be asked.
   void Asked(const std::string& question);
+  /// The help button was clicked.
   void HelpWanted();
 
  private:

@@ -11,7 +11,7 @@
 namespace bwp {
 namespace {
 
-// The text's longest line and its height, with a little room.
+// Room for the longest line and for all lines of the text.
 constexpr int kColumns = 56;
 constexpr int kRows = 35;
 
@@ -23,7 +23,7 @@ Helpsplit::Helpsplit(QWidget* parent) : QDialog(parent) {
   auto* const text = new QTextEdit(this);
   text->setObjectName(QStringLiteral("HelpText"));
   text->setAccessibleName(QStringLiteral("Help on split and join"));
-  // The columns of the text line up in a fixed font only.
+  // The columns of the text only line up in a fixed-width font.
   text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text->setLineWrapMode(QTextEdit::NoWrap);
   text->setReadOnly(true);

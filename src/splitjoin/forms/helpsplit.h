@@ -11,7 +11,7 @@ class Helpsplit : public QDialog {
  public:
   explicit Helpsplit(QWidget* parent);
 
-  /// Shows the form as the help button of another form does.
+  /// Shows the form with the title that it has when opened by another form's help button.
   void ShowHelp();
 };
 

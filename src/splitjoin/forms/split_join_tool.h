@@ -17,11 +17,11 @@
 
 namespace bwp {
 
-/// The split and join tool: its plan, its job, the worker on its timer and its windows, each of which is made
-/// when it is first needed. The main form makes the tool on first use and keeps it.
+/// The split and join tool: its plan, its job, the worker on its timer, and its windows, which are created
+/// when first needed. The main form creates the tool on first use and keeps it.
 class SplitJoinTool : public QObject, private SplitJoinWindows {
  public:
-  /// The windows belong to the owner; state and services outlive the tool.
+  /// The windows belong to the owner; state and services must outlive the tool.
   SplitJoinTool(ViewState& state, const Services& services, QWidget& owner);
   ~SplitJoinTool() override;
 

@@ -14,7 +14,7 @@ UpDown::UpDown(QWidget* parent) : QSpinBox(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 }
 
-// Where the click leads is decided before it is told: whoever listens may set another value meanwhile.
+// The target is computed first: a handler of DownClicked may set another value.
 void UpDown::stepBy(int steps) {
   const int target = static_cast<int>(std::clamp<qint64>(qint64{value()} + steps, minimum(), maximum()));
   if (steps < 0) Q_EMIT DownClicked();
@@ -25,7 +25,7 @@ void UpDown::stepBy(int steps) {
   }
 }
 
-// As wide as the arrows, as high as a field.
+// As wide as the arrows and as high as a field.
 QSize UpDown::sizeHint() const {
   QStyleOptionSpinBox option;
   initStyleOption(&option);
@@ -34,7 +34,7 @@ QSize UpDown::sizeHint() const {
   return {std::max(arrow.width(), 14) + 2 * (option.rect.right() - arrow.right()) + 2, option.rect.height()};
 }
 
-// Keys that would write into the text that is not there are not for this control.
+// Other keys would write into the hidden text.
 void UpDown::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Up:

@@ -16,7 +16,7 @@ class UpDown : public QSpinBox {
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  Q_SIGNALS:
-  /// The lower arrow was clicked, or a key did the same. The value changes after this.
+  /// The lower arrow was clicked, by mouse or by key. The value changes after this.
   void DownClicked();
 
  protected:
