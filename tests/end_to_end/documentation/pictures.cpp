@@ -10,7 +10,6 @@
 /// window does not come.
 namespace {
 
-using bwp::test::Control;
 using bwp::test::Until;
 
 constexpr const char* kTool = "Split and Join Tool";
@@ -65,14 +64,6 @@ class Pictures : public bwp::test::RealProgram {
 TEST_F(Pictures, Main) {
   StartOnIcon();
   Take("BYTEwarp", "main");
-}
-
-TEST_F(Pictures, Menu) {
-  StartOnIcon();
-  desktop_.Key("alt+c");
-  ASSERT_TRUE(Until([this] { return FindNow("Append").width > 0; }));
-  desktop_.TakePicture(own_ / "menu.png");
-  Keep(own_ / "menu.png", "menu");
 }
 
 TEST_F(Pictures, Edit) {
