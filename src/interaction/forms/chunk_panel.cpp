@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "viewer/forms/decimal_box.h"
+#include "viewer/forms/keys.h"
 #include "viewer/forms/offset_box.h"
 #include "viewer/position_entry.h"
 
@@ -90,15 +91,12 @@ bool ChunkPanel::eventFilter(QObject* watched, QEvent* event) {
 
 // True when the box is not to see the key.
 bool ChunkPanel::KeyPressed(const QObject* box, const QKeyEvent& key) {
-  if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) return false;
-  const bool enter = IsEnter(key);
-  const bool escape = key.key() == Qt::Key_Escape;
-  // A held key is one press, except for what it types.
-  if (key.isAutoRepeat() && (enter || escape)) return true;
+  const BoxKey kind = BoxKeyOf(key);
+  if (kind == BoxKey::kTab || kind == BoxKey::kHeld) return kind == BoxKey::kHeld;
   state_.FieldTyping = true;
-  if (enter) Commit(box);
-  if (escape) AbandonTyping(state_, display_);
-  return escape || (enter && IsHexBox(box));
+  if (kind == BoxKey::kEnter) Commit(box);
+  if (kind == BoxKey::kEscape) AbandonTyping(state_, display_);
+  return kind == BoxKey::kEscape || (kind == BoxKey::kEnter && IsHexBox(box));
 }
 
 void ChunkPanel::Commit(const QObject* box) {

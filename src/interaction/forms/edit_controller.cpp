@@ -9,6 +9,7 @@
 #include "fileops/shown_file.h"
 #include "interaction/forms/control_switch.h"
 #include "interaction/write_back.h"
+#include "viewer/forms/keys.h"
 #include "viewer/forms/text_conversion.h"
 #include "viewer/refresh.h"
 
@@ -19,7 +20,7 @@ constexpr std::uint8_t kEnter = 13;
 
 // The character that a key types, Enter being one; 0 for a key that types none, or is a command.
 std::uint8_t CharacterOf(const QKeyEvent& event) {
-  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return kEnter;
+  if (IsEnter(event)) return kEnter;
   if (event.modifiers().testFlag(Qt::AltModifier) || event.modifiers().testFlag(Qt::ControlModifier))
     return 0;
   const std::string text = ToCodePage(event.text());

@@ -5,7 +5,7 @@
 #include <QMimeData>
 
 #include "viewer/forms/cell_geometry.h"
-#include "viewer/forms/offset_box.h"
+#include "viewer/forms/keys.h"
 
 namespace bwp {
 namespace {

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include "splitjoin/names_text.h"
+#include "viewer/forms/keys.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
@@ -41,7 +42,7 @@ void Fjoin::Start() {
 bool Fjoin::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &Lists().Files() && event->type() == QEvent::KeyPress) {
     const auto* const press = static_cast<QKeyEvent*>(event);
-    if (press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter) {
+    if (IsEnter(*press)) {
       if (!press->isAutoRepeat()) ActionB_.click();
       return true;
     }

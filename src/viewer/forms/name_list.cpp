@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "viewer/forms/keys.h"
+
 namespace bwp {
 
 NameList::NameList(QWidget* parent) : QListView(parent) {
@@ -43,7 +45,7 @@ void NameList::mouseDoubleClickEvent(QMouseEvent* event) {
 void NameList::keyPressEvent(QKeyEvent* event) {
   const QModelIndex current = currentIndex();
   const int key = event->key();
-  if ((key == Qt::Key_Return || key == Qt::Key_Enter) && selectionModel()->isSelected(current)) {
+  if (IsEnter(*event) && selectionModel()->isSelected(current)) {
     if (!event->isAutoRepeat()) Q_EMIT RowChosen(current.row());
     return;
   }

@@ -9,6 +9,7 @@
 
 #include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/cell_painting.h"
+#include "viewer/forms/keys.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
@@ -90,10 +91,6 @@ void ApplyEmphasis(QTextEdit& box, const std::vector<EmphasisRun>& runs) {
   cursor.endEditBlock();
   cursor.setPosition(runs.back().start);
   box.setTextCursor(cursor);
-}
-
-bool IsEnter(const QKeyEvent& event) {
-  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 }  // namespace bwp

@@ -30,7 +30,4 @@ class OffsetBox : public QTextEdit {
 /// Applies the runs to a box's text, and leaves no selection.
 void ApplyEmphasis(QTextEdit& box, const std::vector<EmphasisRun>& runs);
 
-/// Enter, on the keyboard's main part or its number block.
-bool IsEnter(const QKeyEvent& event);
-
 }  // namespace bwp

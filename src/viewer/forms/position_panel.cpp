@@ -7,6 +7,7 @@
 #include <QRadioButton>
 
 #include "viewer/forms/decimal_box.h"
+#include "viewer/forms/keys.h"
 #include "viewer/forms/offset_box.h"
 #include "viewer/position_entry.h"
 
@@ -82,16 +83,13 @@ bool PositionPanel::eventFilter(QObject* watched, QEvent* event) {
 
 // True when the box is not to see the key.
 bool PositionPanel::KeyPressed(const QObject* box, const QKeyEvent& key) {
-  if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) return false;
-  const bool enter = IsEnter(key);
-  const bool escape = key.key() == Qt::Key_Escape && box != HStart_;
-  // A held key is one press, except for what it types.
-  if (key.isAutoRepeat() && (enter || escape)) return true;
+  const BoxKey kind = BoxKeyOf(key);
+  if (kind == BoxKey::kTab || kind == BoxKey::kHeld) return kind == BoxKey::kHeld;
   // The hexadecimal boxes take every key for typing, the decimal ones those that stand for a character.
   if (IsHexBox(box) || IsCharacterKey(key)) state_.FieldTyping = true;
-  if (enter) Commit(box);
-  if (escape) AbandonTyping(state_, display_);
-  return enter || escape;
+  if (kind == BoxKey::kEnter) Commit(box);
+  if (kind == BoxKey::kEscape && box != HStart_) AbandonTyping(state_, display_);
+  return kind != BoxKey::kTyping;
 }
 
 void PositionPanel::Commit(const QObject* box) {
@@ -108,10 +106,6 @@ bool PositionPanel::IsHexBox(const QObject* box) const {
 void PositionPanel::SetHexMode(bool hex) {
   state_.HexMode = hex;
   AbandonTyping(state_, display_);
-}
-
-bool IsCharacterKey(const QKeyEvent& key) {
-  return !key.text().isEmpty() && key.key() != Qt::Key_Delete;
 }
 
 }  // namespace bwp

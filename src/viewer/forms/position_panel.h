@@ -45,7 +45,4 @@ class PositionPanel : public QGroupBox {
   QRadioButton* decop_;
 };
 
-/// Whether a key is one that stands for a character, as Enter, Escape and Backspace do and the arrows do not.
-bool IsCharacterKey(const QKeyEvent& key);
-
 }  // namespace bwp

@@ -1,0 +1,25 @@
+#pragma once
+
+class QKeyEvent;
+
+/// What a key means to a box that is typed into.
+namespace bwp {
+
+/// Enter, on the keyboard's main part or its number block.
+bool IsEnter(const QKeyEvent& key);
+
+/// Whether a key stands for a character, as Enter, Escape and Backspace do and the arrows do not.
+bool IsCharacterKey(const QKeyEvent& key);
+
+/// The part a key plays in a box for a number.
+enum class BoxKey {
+  kTab,     ///< Goes to the next box; the box sees it.
+  kHeld,    ///< Enter or Escape repeating while it is held: one press is all that counts, so it is dropped.
+  kEnter,   ///< Takes what was typed.
+  kEscape,  ///< Gives up what was typed.
+  kTyping   ///< Any other key.
+};
+
+BoxKey BoxKeyOf(const QKeyEvent& key);
+
+}  // namespace bwp
