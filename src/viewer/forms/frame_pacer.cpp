@@ -35,8 +35,10 @@ void FramePacer::ShowFrame(QWidget& page) {
     wake_.start(static_cast<int>(milliseconds));
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
-  // A frame that came late does not make the next ones hurry.
-  nextFrame_ = std::max(nextFrame_, clock_.nsecsElapsed() - FrameTime(page)) + FrameTime(page);
+  // A frame that comes a little late keeps the rhythm; one that comes later, as after a pause, begins it.
+  const qint64 now = clock_.nsecsElapsed();
+  const qint64 frame = FrameTime(page);
+  nextFrame_ = (now - nextFrame_ < frame ? nextFrame_ : now) + frame;
 }
 
 }  // namespace bwp
