@@ -32,16 +32,19 @@ bool EditMode::MayEnter() const {
 void EditMode::Enter(int row, int column) {
   if (!MayEnter()) return;
   before_ = std::make_unique<PageGrid>(state_.tabe);
+  openings_ = state_.openings;
   state_.FieldTyping = true;
+  state_.EditMode = true;
   current_ = {};
   MoveTo(row, column);
 }
 
 void EditMode::Leave() {
   if (!On()) return;
-  state_.tabe = *before_;
+  if (PageIsOfOpenFile()) state_.tabe = *before_;
   before_.reset();
   state_.FieldTyping = false;
+  state_.EditMode = false;
 }
 
 void EditMode::MoveTo(int row, int column) {

@@ -21,7 +21,7 @@ struct EditCell {
 };
 
 /// Direct edit mode: bytes of the shown page are typed over in the grid, the file is left alone. While it is
-/// on the view state counts as typed into, so that no refresh comes in between.
+/// on, ViewState::EditMode keeps refreshes and the keys that scroll off the page.
 class EditMode {
  public:
   explicit EditMode(ViewState& state) : state_(state) {}
@@ -30,9 +30,12 @@ class EditMode {
   bool MayEnter() const;
   /// Turns the mode on with the nearest cell of a byte as the current one.
   void Enter(int row, int column);
-  /// Turns it off. The page is as it was before, texts and colours alike, until the next refresh.
+  /// Turns it off. The page is as it was before, texts and colours alike, until the next refresh; that of a
+  /// file that was opened meanwhile stays as it is.
   void Leave();
   bool On() const { return before_ != nullptr; }
+  /// No file was opened, nor this one again, since the mode was turned on.
+  bool PageIsOfOpenFile() const { return openings_ == state_.openings; }
 
   EditCell Current() const { return current_; }
   /// The grid's current cell was moved to a place; it goes to the nearest cell that shows a byte.
@@ -60,6 +63,7 @@ class EditMode {
   std::unique_ptr<PageGrid> before_;  // the page as it was shown; there while the mode is on
   EditCell current_;                  // EditRow and EditCol
   int DigitCount_ = 0;
+  std::uint64_t openings_ = 0;  // which opening of a file the page is of
 };
 
 /// The byte that a value cell's text stands for: at most 255, 0 for what is no number.

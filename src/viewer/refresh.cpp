@@ -83,7 +83,7 @@ void FillPage(ViewState& state) {
 }  // namespace
 
 void Refresh(ViewState& state, Display& display) {
-  if (state.FieldTyping && !state.ForceRefresh) return;
+  if (RefreshIsHeldBack(state)) return;
   if (!state.OpenFile.empty()) {
     display.SetRedraw(false);
     state.ScrollCount = 0;
@@ -109,6 +109,10 @@ void Refresh(ViewState& state, Display& display) {
   display.FocusGridIfEnabled();
   state.SWPrev = state.SWStart;
   display.LetEventsRun();
+}
+
+bool RefreshIsHeldBack(const ViewState& state) {
+  return state.EditMode || (state.FieldTyping && !state.ForceRefresh);
 }
 
 void ClampStart(ViewState& state) {

@@ -37,6 +37,7 @@ struct ViewState {
   int AccelMode = 0;             ///< 0 to 4: how often a held scroll may double its step.
 
   bool FieldTyping = false;   ///< A box is being typed into or the page edited: the refresh keeps off.
+  bool EditMode = false;      ///< The page is edited in the grid: nothing moves it or shows it again.
   bool NavKeyHeld = false;    ///< The last key pressed was one that moves the page.
   bool ForceRefresh = false;  ///< A search moved the page: refresh although FieldTyping is set.
 

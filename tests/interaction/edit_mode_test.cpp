@@ -38,10 +38,24 @@ TEST(EditModeSwitch, EnteringHoldsThePageBackAndStandsOnTheGivenCell) {
   e.edit.Enter(3, 7);
   EXPECT_TRUE(e.edit.On());
   EXPECT_TRUE(e.state.FieldTyping);
+  EXPECT_TRUE(e.state.EditMode);
   EXPECT_EQ(e.edit.Current(), (EditCell{3, 7}));
   e.edit.Leave();
   EXPECT_FALSE(e.edit.On());
   EXPECT_FALSE(e.state.FieldTyping);
+  EXPECT_FALSE(e.state.EditMode);
+}
+
+TEST(EditModeSwitch, NoRefreshTouchesThePageMeanwhileWhateverEndsTheTyping) {
+  Edit e(5000);
+  e.edit.Enter(0, 1);
+  e.Type("4");
+  e.state.FieldTyping = false;
+  e.state.ForceRefresh = true;
+  e.state.SWStart = 1000;
+  bwp::Refresh(e.state, e.display);
+  EXPECT_EQ(e.Text(0, 1), "4");
+  EXPECT_EQ(e.state.SWPrev, 0);
 }
 
 TEST(EditModeSwitch, TheOffsetColumnIsNeverTheCurrentOne) {
@@ -210,19 +224,23 @@ TEST(EditButtonKeys, FourCharactersMoveTheCellAroundInItsHalf) {
   }
 }
 
+// Blue, green, red.
+constexpr bwp::Colour kGreen = 0x00FF00;
+constexpr bwp::Colour kRed = 0x0000FF;
+
 TEST(EditColours, TheCurrentCellIsGreenAsInTheFileAndRedOnceChanged) {
   Edit e(5000);
   e.edit.Enter(2, 3);
-  EXPECT_EQ(e.Colour(2, 3), bwp::kCellAsInFileColour);
+  EXPECT_EQ(e.Colour(2, 3), kGreen);
   const std::string own = e.Text(2, 3);
   e.Type("0");
-  EXPECT_EQ(e.Colour(2, 3), bwp::kCellChangedColour);
+  EXPECT_EQ(e.Colour(2, 3), kRed);
   e.Type("0");
   EXPECT_EQ(e.Colour(2, 3), bwp::kByteChangedColour);
   EXPECT_EQ(e.Colour(2, 19), bwp::kByteChangedColour);
-  EXPECT_EQ(e.Colour(2, 4), bwp::kCellAsInFileColour);
+  EXPECT_EQ(e.Colour(2, 4), kGreen);
   e.edit.MoveTo(2, 3);
-  EXPECT_EQ(e.Colour(2, 3), bwp::kCellChangedColour);
+  EXPECT_EQ(e.Colour(2, 3), kRed);
   EXPECT_EQ(e.Colour(2, 4), bwp::kValueColour);
   e.Type(own);
   EXPECT_EQ(e.Colour(2, 3), bwp::kValueColour) << "typed back to what the file holds";

@@ -45,6 +45,7 @@ void RecordedNotices::Tell(const std::string& text, const std::string& title, Ic
 
 bool RecordedNotices::Ask(const std::string& question) {
   transcript_.push_back("ask " + question);
+  if (onTell) onTell();
   return answer;
 }
 

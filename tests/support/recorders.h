@@ -53,7 +53,7 @@ class RecordedNotices : public Notices {
   bool Ask(const std::string& question) override;
 
   bool answer = true;            ///< What the person answers.
-  std::function<void()> onTell;  ///< Runs while a message stands.
+  std::function<void()> onTell;  ///< Runs while a message or a question is up.
 
  private:
   Transcript& transcript_;

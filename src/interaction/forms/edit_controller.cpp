@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include "fileops/shown_file.h"
 #include "interaction/forms/control_switch.h"
@@ -83,6 +84,7 @@ bool EditController::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void EditController::EditClicked() {
+  if (switching_) return;
   if (edit_.On()) {
     Save();
   } else {
@@ -100,14 +102,16 @@ void EditController::StandStill() {
 }
 
 void EditController::Enter(int row, int column) {
-  if (!edit_.MayEnter()) return;
+  if (switching_ || !edit_.MayEnter() || !mayEnter()) return;
+  const QScopedValueRollback switching(switching_, true);
   StandStill();
   Refresh(state_, services_.display);
   DisableControls(form_, services_.display);
-  // A key may have been handled meanwhile; what is edited is what stands there.
+  // A key may have been handled meanwhile; what is edited is what the grid shows.
   StandStill();
   state_.SWStart = state_.SWPrev;
   edit_.Enter(row, column);
+  if (!edit_.On()) return EnableAll();  // a file without a byte was opened meanwhile
   if (afterEntering) afterEntering();
   edit->setText(QStringLiteral("Save"));
   tabe_.setEnabled(true);
@@ -119,8 +123,9 @@ void EditController::Enter(int row, int column) {
 }
 
 void EditController::Save() {
+  const QScopedValueRollback switching(switching_, true);
   const bool save = services_.notices.Ask("Are you sure you want to save changes ?");
-  const bool changedMeanwhile = save && !WriteBackPage(state_, services_.disk);
+  const bool changedMeanwhile = save && !(edit_.PageIsOfOpenFile() && WriteBackPage(state_, services_.disk));
   tabe_.setEnabled(false);
   edit_.Leave();
   if (changedMeanwhile) {
@@ -133,6 +138,8 @@ void EditController::Save() {
 }
 
 void EditController::CancelClicked() {
+  if (switching_) return;
+  const QScopedValueRollback switching(switching_, true);
   edit_.Leave();
   DisableControls(form_, services_.display);
   EnableAll();

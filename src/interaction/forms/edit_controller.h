@@ -25,6 +25,11 @@ class EditController : public QWidget {
                  QWidget* parent = nullptr);
 
   bool IsOn() const { return edit_.On(); }
+  /// The mode is on, or being entered or left: nothing else may work on the file.
+  bool Busy() const { return switching_ || edit_.On(); }
+
+  /// Whether the mode may begin now. It may not while something works on the file.
+  std::function<bool()> mayEnter = [] { return true; };
 
   /// Called when the mode has begun: what could open another file must not be at hand while it is on.
   std::function<void()> afterEntering;
@@ -54,6 +59,7 @@ class EditController : public QWidget {
   QWidget& form_;
   EditMode edit_;
   QPushButton* Cancel_;
+  bool switching_ = false;  // events run halfway; another click must not begin or end the mode in between
 };
 
 }  // namespace bwp

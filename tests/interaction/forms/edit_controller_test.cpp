@@ -1,104 +1,16 @@
-#include "interaction/forms/edit_controller.h"
-
 #include <gtest/gtest.h>
-#include <memory>
 
-#include <QAction>
-#include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
-#include <QTimer>
-#include <QVBoxLayout>
 
-#include "interaction/forms/chunk_panel.h"
-#include "interaction/forms/keyboard_filter.h"
-#include "interaction/forms/scroll_bar_widget.h"
-#include "support/failing_disk.h"
-#include "support/forms/interaction_window.h"
-#include "support/recorders.h"
-#include "viewer/forms/position_panel.h"
+#include "interaction/forms/edit_form.h"
 #include "viewer/mark_cells.h"
-#include "viewer/number_text.h"
-#include "viewer/refresh.h"
 #include "viewer/run_time_error.h"
 
 namespace {
 
-using bwp::EditController;
-using bwp::PageTable;
-using bwp::test::FileWindow;
 using bwp::test::ReadFile;
 using Cell = bwp::PageTable::Cell;
-
-/// The parts of the main form that edit mode has to do with.
-struct Form : FileWindow {
-  explicit Form(std::size_t length, bool hex = true) : FileWindow(length) {
-    state.HexMode = hex;
-    window.setObjectName(QStringLiteral("f"));
-    auto* const column = new QVBoxLayout(&window);
-    table = new PageTable(state.tabe, &window);
-    bar = new bwp::ScrollBarWidget(state, display, &window);
-    menu = std::make_unique<bwp::PageMenu>(state, display, *table, window);
-    controller = new EditController(state, services, *table, *menu, window, &window);
-    for (QWidget* const part :
-         std::initializer_list<QWidget*>{table, bar, new bwp::ChunkPanel(state, display, &window),
-                                         new bwp::PositionPanel(state, display, &window), controller}) {
-      column->addWidget(part);
-    }
-    MenuExit = new QAction(&window);
-    MenuExit->setObjectName(QStringLiteral("MenuExit"));
-    filter = std::make_unique<bwp::KeyboardFilter>(state, display, *bar, window);
-    display.onRedraw = [this] { table->ShowPage(); };
-    display.onFocusGrid = [this] {
-      if (table->isEnabled()) table->setFocus();
-    };
-    edit = Find<QPushButton>("edit");
-    Cancel = Find<QPushButton>("Cancel");
-    Show();
-    bwp::Refresh(state, display);
-  }
-
-  void Click(QWidget* button) { QTest::mouseClick(button, Qt::LeftButton); }
-  /// Keys go to whoever has the focus, as the keyboard's do.
-  void Keys(const char* text) {
-    for (const char* key = text; *key != '\0'; ++key) QTest::keyClick(QApplication::focusWidget(), *key);
-  }
-  void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
-  std::string Text(int row, int column) { return std::string(state.tabe.Text(row, column)); }
-  QPoint Place(int row, int column) const {
-    return table->viewport()->mapTo(&window, table->visualRect(table->model()->index(row, column)).center());
-  }
-  /// The named controls that take input now.
-  QStringList Enabled() {
-    QStringList names;
-    for (const char* name : {"tabe", "edit", "Cancel", "VSUP", "VSDW", "VSBack", "VSB", "MHStart", "mdend",
-                             "Gstart", "HStart", "Dend", "hexop", "decop"}) {
-      if (Find<QWidget>(name)->isEnabled()) names << QLatin1String(name);
-    }
-    for (const char* name : {"MenuExit", "popmstart", "popedit"}) {
-      if (window.findChild<QAction*>(QLatin1String(name))->isEnabled()) names << QLatin1String(name);
-    }
-    return names;
-  }
-
-  bwp::test::Transcript transcript;
-  bwp::test::RecordedNotices notices{transcript};
-  bwp::test::RecordedProgress progress{transcript};
-  bwp::test::FailingDisk disk;
-  bwp::Services services{display, progress, notices, disk};
-  PageTable* table;
-  bwp::ScrollBarWidget* bar;
-  std::unique_ptr<bwp::PageMenu> menu;
-  EditController* controller;
-  QAction* MenuExit;
-  std::unique_ptr<bwp::KeyboardFilter> filter;
-  QPushButton* edit;
-  QPushButton* Cancel;
-};
-
-const QStringList kLive{QStringLiteral("tabe"), QStringLiteral("edit"), QStringLiteral("Cancel")};
+using Form = bwp::test::EditForm;
 
 TEST(EditController, TheButtonTurnsTheModeOnAtTheFirstCell) {
   Form f(5000);
@@ -115,7 +27,7 @@ TEST(EditController, EverythingElseIsOffMeanwhileAndOnAfterwardsButTheGrid) {
   const QStringList before = f.Enabled();
   EXPECT_FALSE(before.contains(QStringLiteral("tabe")));
   f.Click(f.edit);
-  EXPECT_EQ(f.Enabled(), kLive);
+  EXPECT_EQ(f.Enabled(), Form::LiveInEditMode());
   f.Click(f.edit);
   EXPECT_EQ(f.Enabled(), before);
   f.Click(f.edit);
@@ -211,7 +123,18 @@ TEST(EditController, ArrowAndPagingKeysMoveTheCurrentCell) {
   EXPECT_EQ(f.table->CurrentCell()->row, 0);
   f.Key(Qt::Key_End);
   EXPECT_EQ(f.table->CurrentCell(), (Cell{0, 32}));
+  f.Key(Qt::Key_Home);
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{0, 1})) << "not the offset";
   EXPECT_EQ(f.state.SWStart, 0) << "edit mode never scrolls";
+}
+
+TEST(EditController, TheNumberBlocksEnterEndsAByteToo) {
+  Form f(5000);
+  f.Click(f.edit);
+  f.Keys("7");
+  f.Key(Qt::Key_Enter);
+  EXPECT_EQ(f.Text(0, 17), "\x07");
+  EXPECT_EQ(f.table->CurrentCell(), (Cell{0, 2}));
 }
 
 TEST(EditController, AClickMovesTheCurrentCell) {
@@ -320,69 +243,6 @@ TEST(EditController, TheNavigationKeysWorkAtOnceAfterwards) {
   EXPECT_EQ(f.state.SWStart, 16);
 }
 
-// The page in the grid, byte by byte, against the file.
-void ExpectPageOfFile(Form& f) {
-  for (int position = 0; position < bwp::kPageBytes; ++position) {
-    const auto byte =
-        static_cast<unsigned char>(f.bytes[static_cast<std::size_t>(f.state.SWStart + position)]);
-    ASSERT_EQ(f.Text(position / 16, position % 16 + 1), funzioni::HexByte(byte)) << position;
-  }
-}
-
-TEST(EditController, EnteringEndsTypingSearchingAndSteppingAndShowsThePageOfTheViewState) {
-  Form f(5000);
-  f.state.SWStart = 1000;
-  f.state.FieldTyping = true;
-  f.state.ForceRefresh = true;
-  f.state.ScrollStep = 16;
-  f.edit->click();
-  ASSERT_TRUE(f.controller->IsOn());
-  EXPECT_EQ(f.state.SWStart, 1000);
-  ExpectPageOfFile(f);
-  EXPECT_TRUE(f.state.FieldTyping);
-  EXPECT_FALSE(f.state.ForceRefresh);
-  EXPECT_EQ(f.state.ScrollStep, 0);
-  f.Keys("4");
-  bwp::Refresh(f.state, f.display);
-  EXPECT_EQ(f.Text(0, 1), "4") << "a key that came up has ended the typing";
-}
-
-TEST(EditController, EnteringWhileAButtonScrollsStopsThePage) {
-  Form f(50'000);
-  auto* const down = f.Find<QAbstractButton>("VSDW");
-  auto* const timer = f.Find<QTimer>("TimVSCR");
-  f.display.onFrame = [&] {
-    if (f.display.frames == 3) f.edit->click();
-    if (f.display.frames > 100) f.state.AutoScroll = false;
-  };
-  QTest::mousePress(down, Qt::LeftButton);
-  QTimerEvent elapsed(timer->timerId());
-  QCoreApplication::sendEvent(timer, &elapsed);
-  ASSERT_TRUE(f.controller->IsOn());
-  EXPECT_EQ(f.display.frames, 3);
-  EXPECT_FALSE(f.state.AutoScroll);
-  EXPECT_FALSE(timer->isActive());
-  EXPECT_EQ(f.state.SWStart, 48);
-  ExpectPageOfFile(f);
-  f.Keys("4");
-  QTest::mouseRelease(down, Qt::LeftButton);
-  f.bar->LetGo();
-  EXPECT_EQ(f.state.SWStart, 48);
-  EXPECT_EQ(f.Text(0, 1), "4");
-  f.Click(f.Cancel);
-  EXPECT_EQ(f.state.SWStart, 48);
-  ExpectPageOfFile(f);
-}
-
-TEST(EditController, EnteringStopsTheWaitOfAHeldButton) {
-  Form f(50'000);
-  QTest::mousePress(f.Find<QWidget>("VSDW"), Qt::LeftButton);
-  ASSERT_TRUE(f.Find<QTimer>("TimVSCR")->isActive());
-  f.edit->click();
-  EXPECT_FALSE(f.Find<QTimer>("TimVSCR")->isActive());
-  EXPECT_EQ(f.state.SWStart, 0);
-}
-
 TEST(EditController, APressThatIsNoClickKeepsTheEdits) {
   Form f(5000);
   f.Click(f.edit);
@@ -428,27 +288,6 @@ TEST(EditController, AfterSaveThePageHasTheColoursOfMarksAndHitOnly) {
       ASSERT_EQ(f.state.tabe.Background(position / 16, position % 16 + 1), wanted) << answer << position;
     }
   }
-}
-
-TEST(EditController, TheStepsOfEnteringSavingAndCancellingHaveTheirOrder) {
-  Form f(5000);
-  std::vector<std::string> steps;
-  const auto note = [&](const char* what) {
-    steps.push_back(std::string(what) + (f.controller->IsOn() ? " on " : " off ") +
-                    f.edit->text().toStdString() + (f.table->isEnabled() ? " grid" : "") +
-                    (f.Find<QWidget>("Gstart")->isEnabled() ? " others" : ""));
-  };
-  f.display.onRedraw = [&] { note("refresh"); };
-  f.controller->afterEnabling = [&] { note("enabled"); };
-  f.Click(f.edit);
-  EXPECT_EQ(steps, (std::vector<std::string>{"refresh off Edit others"}));
-  steps.clear();
-  f.Click(f.edit);
-  EXPECT_EQ(steps, (std::vector<std::string>{"refresh off Save", "enabled off Save others"}));
-  f.Click(f.edit);
-  steps.clear();
-  f.Click(f.Cancel);
-  EXPECT_EQ(steps, (std::vector<std::string>{"enabled off Save others", "refresh off Save others"}));
 }
 
 }  // namespace

@@ -35,7 +35,10 @@ class LiveDisplay : public Display {
   void FocusGridIfEnabled() override {
     if (onFocusGrid) onFocusGrid();
   }
-  void LetEventsRun() override { QCoreApplication::processEvents(); }
+  void LetEventsRun() override {
+    if (onEvents) onEvents();
+    QCoreApplication::processEvents();
+  }
   void NextFrame() override {
     ++frames;
     if (onFrame) onFrame();
@@ -46,7 +49,7 @@ class LiveDisplay : public Display {
   std::string title;
   WindowTexts window;
   ChunkTexts chunk;
-  std::function<void()> onRedraw, onThumb, onFrame, onFocusGrid;
+  std::function<void()> onRedraw, onThumb, onFrame, onEvents, onFocusGrid;
   std::function<void(const ChunkTexts&)> onChunk;
 };
 
