@@ -1,7 +1,8 @@
 #include "interaction/keyboard_navigation.h"
 
+#include <utility>
+
 #include "interaction/chunk_selection.h"
-#include "viewer/refresh.h"
 
 namespace bwp {
 
@@ -9,13 +10,13 @@ KeyboardNavigation::KeyboardNavigation(ViewState& state, Display& display, HoldT
     : state_(state), display_(display), timer_(timer) {}
 
 bool KeyboardNavigation::Takes(KeyCode code) const {
-  if (state_.FieldTyping) return false;
+  if (state_.FieldTyping || state_.EditMode) return false;
   return code == kKeyPageUp || code == kKeyPageDown || code == kKeyEnd || code == kKeyHome ||
          code == kKeyUp || code == kKeyDown;
 }
 
 void KeyboardNavigation::KeyDown(KeyCode code) {
-  if (KeyScrolling_ || state_.FieldTyping) return;
+  if (KeyScrolling_ || state_.FieldTyping || state_.EditMode) return;
   state_.NavKeyHeld = true;
   switch (code) {
     case kKeyDown:
@@ -44,11 +45,11 @@ void KeyboardNavigation::KeyDown(KeyCode code) {
 }
 
 void KeyboardNavigation::KeyUp() {
+  const std::int32_t step = std::exchange(state_.ScrollStep, 0);
   timer_.Disable();
   state_.AutoScroll = false;
   KeyScrolling_ = false;
-  if (!state_.FieldTyping) Refresh(state_, display_);
-  state_.ScrollStep = 0;
+  if (!state_.FieldTyping) TakeOneStep(state_, display_, step);
   EndSearchTyping();
 }
 
@@ -62,7 +63,7 @@ void KeyboardNavigation::LetGo() {
 
 // A search leaves the fields as typed into until the key that started it comes up.
 void KeyboardNavigation::EndSearchTyping() {
-  if (state_.ForceRefresh) state_.FieldTyping = false;
+  if (state_.ForceRefresh && !state_.EditMode) state_.FieldTyping = false;
   state_.ForceRefresh = false;
 }
 

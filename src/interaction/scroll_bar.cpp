@@ -13,6 +13,13 @@ std::int32_t LineStep(ScrollBar::Line line) {
 
 }  // namespace
 
+void TakeOneStep(ViewState& state, Display& display, std::int32_t step) {
+  if (RefreshIsHeldBack(state)) return;
+  state.SWStart += step;
+  ClampStart(state);
+  Refresh(state, display);
+}
+
 ScrollBar::ScrollBar(ViewState& state, Display& display, HoldTimer& timer)
     : state_(state), display_(display), timer_(timer) {}
 
@@ -25,7 +32,7 @@ void ScrollBar::PressLine(Line line) {
 
 void ScrollBar::ReleaseLine(Line line) {
   if (held_ != (line == Line::kUp ? Held::kUp : Held::kDown)) return;
-  TakeOneStep(LineStep(line));
+  Release(LineStep(line));
 }
 
 void ScrollBar::PressTrack(double x, double y) {
@@ -44,7 +51,7 @@ void ScrollBar::PressTrack(double x, double y) {
 
 void ScrollBar::ReleaseTrack(double y) {
   if (held_ != Held::kTrack) return;
-  TakeOneStep(TrackStep(y));
+  Release(TrackStep(y));
 }
 
 void ScrollBar::DoubleClickTrack() {
@@ -94,7 +101,7 @@ void ScrollBar::DragThumb(bool buttonDown, double y) {
 void ScrollBar::TurnWheel(int lines) {
   if (held_ != Held::kNothing || state_.AutoScroll || state_.ScrollStep != 0) return;
   state_.FieldTyping = false;
-  TakeOneStep(lines * kBytesPerRow);
+  TakeOneStep(state_, display_, lines * kBytesPerRow);
 }
 
 void ScrollBar::HoldElapsed() {
@@ -139,13 +146,10 @@ std::int32_t ScrollBar::TrackStep(double y) const {
   return kPageBytes;
 }
 
-void ScrollBar::TakeOneStep(std::int32_t step) {
-  held_ = Held::kNothing;
-  state_.ScrollStep = step;
-  state_.AutoScroll = false;
-  timer_.Disable();
-  Refresh(state_, display_);
-  state_.ScrollStep = 0;
+// Nothing is held any more; the last step is taken.
+void ScrollBar::Release(std::int32_t step) {
+  Stop();
+  TakeOneStep(state_, display_, step);
 }
 
 AccelChecks ChooseAcceleration(ViewState& state, AccelChecks shown, int chosen) {

@@ -17,6 +17,11 @@ class HoldTimer {
   virtual void Disable() = 0;
 };
 
+/// Moves the page by one step, within the file, and shows it; does nothing while the refresh is held back.
+/// ScrollStep must be 0: events run in here, and a step that a key or button pressed in them has set is its
+/// own.
+void TakeOneStep(ViewState& state, Display& display, std::int32_t step);
+
 /// The scroll bar's rules: two line buttons, a track that pages, a thumb that drags, all of which scroll on
 /// while they are held. Heights are form units; y on the track is measured from its top, y on the thumb from
 /// the thumb's top. Letting go of what is not held does nothing.
@@ -56,7 +61,7 @@ class ScrollBar {
   enum class Held { kNothing, kUp, kDown, kTrack, kThumb };
 
   std::int32_t TrackStep(double y) const;
-  void TakeOneStep(std::int32_t step);
+  void Release(std::int32_t step);
 
   ViewState& state_;
   Display& display_;

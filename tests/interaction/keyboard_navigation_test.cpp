@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
+#include <utility>
 
 #include "support/interaction_bench.h"
 #include "viewer/refresh.h"
@@ -123,6 +124,79 @@ TEST(NavigationKeys, TheFormTakesItsSixKeysAndNoOther) {
   for (const KeyCode code : {bwp::kKeyNone, bwp::kKeyLeft, bwp::kKeyRight}) EXPECT_FALSE(k.keys.Takes(code));
 }
 
+TEST(NavigationKeys, WhatIsPressedWhileTheLastStepIsShownKeepsItsOwn) {
+  for (const bool button : {false, true}) {
+    Keys k(5000);
+    bool pressed = false;
+    k.display.onEvents = [&] {
+      if (std::exchange(pressed, true)) return;
+      button ? k.bar.PressLine(ScrollBar::Line::kDown) : k.keys.KeyDown(bwp::kKeyDown);
+    };
+    k.Type(bwp::kKeyDown);
+    EXPECT_EQ(k.state.SWPrev, 16);
+    EXPECT_TRUE(k.timer.enabled);
+    button ? k.bar.ReleaseLine(ScrollBar::Line::kDown) : k.keys.KeyUp();
+    EXPECT_EQ(k.state.SWPrev, 32);
+    EXPECT_EQ(k.state.ScrollStep, 0);
+  }
+}
+
+TEST(NavigationKeys, AKeyPressedWhileTheLastStepIsShownAndHeldScrolls) {
+  Keys k(5000);
+  bool pressed = false;
+  k.display.onEvents = [&] {
+    if (!std::exchange(pressed, true)) k.keys.KeyDown(bwp::kKeyDown);
+  };
+  k.Type(bwp::kKeyDown);
+  int frames = 0;
+  k.display.onFrame = [&] {
+    if (++frames == 3) k.keys.KeyUp();
+  };
+  k.bar.HoldElapsed();
+  EXPECT_EQ(k.state.SWPrev, 5 * 16);
+}
+
+TEST(NavigationKeys, InEditModeTheyDoNothing) {
+  Keys k(5000);
+  k.state.EditMode = true;
+  k.transcript.clear();
+  EXPECT_FALSE(k.keys.Takes(bwp::kKeyDown));
+  k.Type(bwp::kKeyDown);
+  k.Type(bwp::kKeyEnd);
+  EXPECT_EQ(k.state.SWStart, 0);
+  EXPECT_TRUE(k.transcript.empty());
+}
+
+TEST(NavigationKeys, AKeyHeldSinceBeforeEditModeIsOverAndLeavesThePageAndTheTypingAlone) {
+  Keys k(5000);
+  k.keys.KeyDown(bwp::kKeyDown);
+  k.state.EditMode = true;
+  k.state.FieldTyping = true;
+  k.state.ForceRefresh = true;
+  k.keys.KeyUp();
+  EXPECT_EQ(k.state.SWStart, 0);
+  EXPECT_TRUE(k.state.FieldTyping);
+  k.state.EditMode = false;
+  k.state.FieldTyping = false;
+  k.Type(bwp::kKeyDown);
+  EXPECT_EQ(k.state.SWStart, 16);
+}
+
+TEST(NavigationKeys, HomeEndAndAnyOtherKeyEndARepeatingScroll) {
+  for (const KeyCode code : {bwp::kKeyHome, bwp::kKeyEnd, bwp::kKeyLeft, bwp::kKeyNone}) {
+    Keys k(50'000);
+    int frames = 0;
+    k.display.onFrame = [&] {
+      if (++frames == 3) k.keys.KeyDown(code);
+      if (frames > 10) k.state.AutoScroll = false;
+    };
+    k.bar.PressLine(ScrollBar::Line::kDown);
+    k.bar.HoldElapsed();
+    EXPECT_EQ(frames, 3) << code;
+    EXPECT_FALSE(k.state.AutoScroll) << code;
+  }
+}
+
 TEST(NavigationKeys, AKeyThatComesUpAfterASearchEndsTyping) {
   Keys k(5000);
   k.state.FieldTyping = true;
@@ -154,6 +228,47 @@ TEST(NavigationKeys, LosingTheFocusWithAnotherKeyDownRefreshesNothing) {
   EXPECT_TRUE(k.transcript.empty());
   EXPECT_FALSE(k.state.FieldTyping);
   EXPECT_FALSE(k.state.ForceRefresh);
+}
+
+TEST(HeldScrolling, WithoutAFileNothingRepeats) {
+  bwp::test::Transcript transcript;
+  bwp::test::RecordedDisplay display{transcript};
+  bwp::test::RecordedTimer timer;
+  bwp::ViewState state;
+  KeyboardNavigation keys{state, display, timer};
+  ScrollBar bar{state, display, timer};
+  display.onFrame = [&] { state.AutoScroll = false; };
+  keys.KeyDown(bwp::kKeyPageDown);
+  bar.HoldElapsed();
+  keys.KeyUp();
+  bar.PressThumb();
+  bar.DragThumb(true, 20);
+  bar.DragThumb(true, 40);
+  bar.ReleaseThumb();
+  EXPECT_EQ(std::count(transcript.begin(), transcript.end(), "frame"), 0);
+  EXPECT_EQ(state.SWStart, 0);
+  EXPECT_FALSE(state.AutoScroll);
+}
+
+TEST(HeldScrolling, InAnEmptyFileEveryTurnWaitsForTheScreenAndLettingGoEndsIt) {
+  for (const bool drag : {false, true}) {
+    Keys k(0);
+    int frames = 0;
+    k.display.onFrame = [&] {
+      if (++frames == 3) drag ? k.bar.ReleaseThumb() : k.keys.KeyUp();
+      if (frames > 10) k.state.AutoScroll = false;
+    };
+    if (drag) {
+      k.bar.PressThumb();
+      k.bar.DragThumb(true, 20);
+    } else {
+      k.keys.KeyDown(bwp::kKeyDown);
+      k.bar.HoldElapsed();
+    }
+    EXPECT_EQ(frames, 3);
+    EXPECT_EQ(k.state.SWStart, 0);
+    EXPECT_FALSE(k.state.AutoScroll);
+  }
 }
 
 RC_GTEST_PROP(NavigationModel, ShortKeysMoveByTheirStepsWithinTheFile, ()) {

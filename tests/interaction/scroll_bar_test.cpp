@@ -4,44 +4,15 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
+#include <utility>
 
-#include "support/interaction_bench.h"
+#include "interaction/scroll_bar_fixture.h"
 #include "viewer/refresh.h"
 
 namespace {
 
-using bwp::AccelChecks;
-using bwp::ChooseAcceleration;
-using bwp::ScrollBar;
-using bwp::ViewState;
-using bwp::test::OpenedFile;
+using Bar = bwp::test::BarOnFile;
 using Line = bwp::ScrollBar::Line;
-
-struct Bar : OpenedFile {
-  explicit Bar(std::size_t length) : OpenedFile(length) {}
-
-  void Click(Line line) {
-    bar.PressLine(line);
-    bar.ReleaseLine(line);
-  }
-  void ClickTrack(double y) {
-    bar.PressTrack(7, y);
-    bar.ReleaseTrack(y);
-  }
-  /// Lets the wait end and the scrolling go on until the given number of pages has been shown.
-  void HoldFor(int frames, const std::function<void()>& release) {
-    int shown = 0;
-    display.onFrame = [&] {
-      if (++shown == frames) release();
-    };
-    ASSERT_TRUE(timer.enabled);
-    bar.HoldElapsed();
-    display.onFrame = nullptr;
-  }
-  double BelowThumb() const { return state.thumb.top + state.thumb.height + 1; }
-
-  ScrollBar bar{state, display, timer};
-};
 
 TEST(ScrollBarLine, APressAloneMovesNothing) {
   Bar b(5000);
@@ -150,6 +121,31 @@ TEST(ScrollBarTrack, APressOnTheThumbThroughTheTrackDoesNotScroll) {
   }
 }
 
+TEST(ScrollBarTrack, APressEndsTyping) {
+  Bar b(5000);
+  for (const double y : {0.0, b.state.thumb.top + 1, 5999.0}) {
+    b.state.FieldTyping = true;
+    b.bar.PressTrack(0, y);
+    EXPECT_FALSE(b.state.FieldTyping) << y;
+    b.bar.LetGo();
+  }
+}
+
+TEST(ScrollBarTrack, WhereTheButtonComesUpDecidesTheStep) {
+  Bar b(50'000);
+  b.state.SWStart = 20'000;
+  bwp::Refresh(b.state, b.display);
+  b.bar.PressTrack(0, 5999);
+  b.bar.ReleaseTrack(0);
+  EXPECT_EQ(b.state.SWStart, 20'000 - 512) << "released above the thumb";
+  b.bar.PressTrack(0, 0);
+  b.bar.ReleaseTrack(5999);
+  EXPECT_EQ(b.state.SWStart, 20'000) << "released below it";
+  b.bar.PressTrack(0, 5999);
+  b.bar.ReleaseTrack(b.state.thumb.top + 1);
+  EXPECT_EQ(b.state.SWStart, 20'000) << "released on it";
+}
+
 TEST(ScrollBarTrack, APressOnTheThumbStopsAWait) {
   Bar b(5000);
   b.bar.PressTrack(0, 5999);
@@ -194,114 +190,6 @@ TEST(ScrollBarTrack, APageStepMayGrowTo8192) {
   EXPECT_EQ(largest, 8192);
 }
 
-TEST(ScrollBarThumb, DraggingMovesTheWindowAndTheBoxes) {
-  Bar b(512 + 58'000);
-  int frame = 0;
-  b.display.onFrame = [&] {
-    if (++frame == 1) {
-      b.bar.DragThumb(true, 5 + 1000);
-      EXPECT_DOUBLE_EQ(b.state.thumb.top, 1000);
-      EXPECT_EQ(b.state.SWStart, 10'000);
-      EXPECT_EQ(b.display.window.Dstart, "10.000");
-      EXPECT_EQ(b.display.window.Dend, "10.511");
-      EXPECT_EQ(b.display.window.HStart, "00002710");
-      EXPECT_EQ(b.display.window.HEnd, "0000290F");
-    } else {
-      EXPECT_EQ(b.state.SWPrev, 10'000) << "the page was shown at the place of the drag";
-      b.bar.ReleaseThumb();
-    }
-  };
-  b.bar.PressThumb();
-  b.bar.DragThumb(true, 5);
-  EXPECT_EQ(frame, 2);
-  EXPECT_EQ(b.state.SWStart, 10'000);
-  EXPECT_FALSE(b.state.AutoScroll);
-}
-
-TEST(ScrollBarThumb, IsPinnedAboveAndBelowItsTravel) {
-  Bar b(60'000);
-  int frame = 0;
-  b.display.onFrame = [&] {
-    if (++frame == 1) {
-      b.bar.DragThumb(true, 1e6);
-      EXPECT_DOUBLE_EQ(b.state.thumb.top, b.state.thumb.ThumbTravel);
-      EXPECT_EQ(b.state.SWStart, 60'000 - 512);
-    } else {
-      b.bar.DragThumb(true, -1e6);
-      EXPECT_DOUBLE_EQ(b.state.thumb.top, 0);
-      EXPECT_EQ(b.state.SWStart, 0);
-      b.bar.ReleaseThumb();
-    }
-  };
-  b.bar.PressThumb();
-  b.bar.DragThumb(true, 20);
-  EXPECT_EQ(frame, 2);
-}
-
-TEST(ScrollBarThumb, TheLastMoveIsShownEvenWhenTheReleaseComesWithIt) {
-  Bar b(60'000);
-  b.display.onFrame = [&] {
-    b.bar.DragThumb(true, 1e6);
-    b.bar.ReleaseThumb();
-  };
-  b.bar.PressThumb();
-  b.bar.DragThumb(true, 20);
-  EXPECT_EQ(b.state.tabe.Text(0, 0), bwp::WindowTextsOf(b.state).HStart);
-  EXPECT_EQ(b.state.SWPrev, b.state.SWStart);
-}
-
-TEST(ScrollBarThumb, AMoveWithNoButtonEndsTheDrag) {
-  Bar b(60'000);
-  b.display.onFrame = [&] { b.bar.DragThumb(false, 0); };
-  b.bar.PressThumb();
-  b.bar.DragThumb(true, 20);
-  EXPECT_FALSE(b.state.AutoScroll);
-}
-
-TEST(ScrollBarThumb, TheFirstMoveStopsAWaitAndLetsEventsRunBeforeTheRefresh) {
-  Bar b(60'000);
-  b.timer.Enable();
-  b.bar.PressThumb();
-  b.display.onFrame = [&] { b.bar.ReleaseThumb(); };
-  b.bar.DragThumb(true, 20);
-  EXPECT_FALSE(b.timer.enabled);
-  EXPECT_EQ(b.transcript[0], "display events");
-  EXPECT_EQ(b.transcript[1], "redraw off");
-}
-
-TEST(ScrollBarThumb, APressEndsTypingAndStopsTheStep) {
-  Bar b(60'000);
-  b.state.FieldTyping = true;
-  b.state.ScrollStep = 16;
-  b.bar.PressThumb();
-  EXPECT_FALSE(b.state.FieldTyping);
-  EXPECT_EQ(b.state.ScrollStep, 0);
-}
-
-TEST(ScrollBarThumb, ASmallFileShowsOffsetZeroWhereverItIsDragged) {
-  for (const std::size_t length : {1U, 100U, 512U}) {
-    Bar b(length);
-    int frame = 0;
-    b.display.onFrame = [&] {
-      b.bar.DragThumb(true, 3000);
-      EXPECT_EQ(b.state.SWStart, 0);
-      if (++frame == 2) b.bar.ReleaseThumb();
-    };
-    b.bar.PressThumb();
-    b.bar.DragThumb(true, 20);
-    EXPECT_EQ(frame, 2);
-  }
-}
-
-TEST(ScrollBarThumb, AnExactHalfGoesToTheEvenNeighbour) {
-  bwp::ScrollThumb thumb;
-  thumb.ThumbTravel = 100;
-  thumb.ThumbScale = 0.5;
-  EXPECT_EQ(thumb.StartOf(0.25), 0);
-  EXPECT_EQ(thumb.StartOf(0.75), 2);
-  EXPECT_EQ(thumb.StartOf(1.25), 2);
-}
-
 TEST(ScrollBarFocus, LosingItLetsGoOfAHeldButton) {
   Bar b(5000);
   b.bar.PressLine(Line::kDown);
@@ -309,17 +197,6 @@ TEST(ScrollBarFocus, LosingItLetsGoOfAHeldButton) {
   EXPECT_EQ(b.state.SWStart, 4 * 16);
   b.bar.ReleaseLine(Line::kDown);
   EXPECT_EQ(b.state.SWStart, 4 * 16) << "the button that comes up later was let go before";
-}
-
-TEST(ScrollBarFocus, LosingItEndsADragUntilTheNextPress) {
-  Bar b(60'000);
-  b.display.onFrame = [&] { b.bar.LetGo(); };
-  b.bar.PressThumb();
-  b.bar.DragThumb(true, 20);
-  const std::int64_t start = b.state.SWStart;
-  b.bar.DragThumb(true, 2000);
-  EXPECT_EQ(b.state.SWStart, start);
-  EXPECT_FALSE(b.state.AutoScroll);
 }
 
 TEST(ScrollBarWait, AButtonPressedWhileTheScrollingEndsHasAWaitOfItsOwn) {
@@ -344,33 +221,50 @@ TEST(ScrollBarWheel, MovesByLinesWithinTheFileUnlessSomethingIsHeld) {
   EXPECT_TRUE(b.timer.enabled);
 }
 
-TEST(Acceleration, EachEntrySetsItsModeAndChecksItselfAlone) {
-  for (int chosen = 1; chosen < 5; ++chosen) {
-    ViewState state;
-    AccelChecks wanted{};
-    wanted[static_cast<std::size_t>(chosen)] = true;
-    EXPECT_EQ(ChooseAcceleration(state, {true, true, true, true, true}, chosen), wanted);
-    EXPECT_EQ(state.AccelMode, chosen);
+TEST(ScrollBarWheel, ATurnThatComesWhileTheLastOneIsShownCountsToo) {
+  Bar b(5000);
+  bool turned = false;
+  b.display.onEvents = [&] {
+    if (!std::exchange(turned, true)) b.bar.TurnWheel(2);
+  };
+  b.bar.TurnWheel(3);
+  EXPECT_EQ(b.state.SWPrev, 80);
+}
+
+TEST(ScrollBarWheel, ATurnEndsTyping) {
+  Bar b(5000);
+  b.state.FieldTyping = true;
+  b.bar.TurnWheel(3);
+  EXPECT_FALSE(b.state.FieldTyping);
+  EXPECT_EQ(b.state.SWPrev, 48);
+}
+
+TEST(ScrollBarRelease, AButtonPressedWhileTheLastStepIsShownKeepsItsOwn) {
+  for (const bool held : {false, true}) {
+    Bar b(50'000);
+    bool pressed = false;
+    b.display.onEvents = [&] {
+      if (!std::exchange(pressed, true)) b.bar.PressLine(Line::kDown);
+    };
+    b.Click(Line::kDown);
+    EXPECT_EQ(b.state.SWPrev, 16);
+    if (held) {
+      b.HoldFor(3, [&] { b.bar.ReleaseLine(Line::kDown); });
+    } else {
+      b.bar.ReleaseLine(Line::kDown);
+    }
+    EXPECT_EQ(b.state.SWPrev, held ? 5 * 16 : 2 * 16);
+    EXPECT_EQ(b.state.ScrollStep, 0);
   }
 }
 
-TEST(Acceleration, NotAcceleratedLeavesTheHigherEntriesChecked) {
-  ViewState state;
-  state.AccelMode = 3;
-  EXPECT_EQ(ChooseAcceleration(state, {false, false, false, true, false}, 0),
-            (AccelChecks{true, false, false, true, false}));
-  EXPECT_EQ(state.AccelMode, 0);
-  EXPECT_EQ(ChooseAcceleration(state, {false, true, false, false, false}, 0),
-            (AccelChecks{true, false, false, false, false}));
-}
-
-TEST(Acceleration, ANumberOutsideTheMenuChoosesNothing) {
-  ViewState state;
-  state.AccelMode = 2;
-  const AccelChecks shown{false, false, true, false, false};
-  EXPECT_EQ(ChooseAcceleration(state, shown, 5), shown);
-  EXPECT_EQ(ChooseAcceleration(state, shown, -1), shown);
-  EXPECT_EQ(state.AccelMode, 2);
+TEST(ScrollBarRelease, WhileAFieldIsTypedIntoAgainNothingMoves) {
+  Bar b(5000);
+  b.bar.PressLine(Line::kDown);
+  b.state.FieldTyping = true;
+  b.bar.ReleaseLine(Line::kDown);
+  EXPECT_EQ(b.state.SWStart, 0);
+  EXPECT_EQ(b.state.ScrollStep, 0);
 }
 
 RC_GTEST_PROP(ScrollBarModel, ClicksAndHoldsMoveByTheirStepsWithinTheFile, ()) {
@@ -406,25 +300,6 @@ RC_GTEST_PROP(ScrollBarModel, ClicksAndHoldsMoveByTheirStepsWithinTheFile, ()) {
     RC_ASSERT(b.state.SWStart == expected);
     RC_ASSERT(std::abs(b.state.thumb.top - b.state.thumb.ThumbScale * static_cast<double>(expected)) < 1e-6);
   }
-}
-
-RC_GTEST_PROP(ScrollBarModel, ADragNeverLeavesTheFileOrTheTrack, ()) {
-  const auto length = *rc::gen::inRange<std::size_t>(1, 200'000);
-  const auto moves = *rc::gen::container<std::vector<int>>(rc::gen::inRange(-8000, 8000));
-  Bar b(length);
-  std::size_t next = 0;
-  b.display.onFrame = [&] {
-    if (next == moves.size()) return b.bar.ReleaseThumb();
-    // Where the pointer stands on the track decides, not how it got there.
-    const double pointer = moves[next++];
-    b.bar.DragThumb(true, pointer - b.state.thumb.top);
-    const double top = std::clamp(pointer - 30, 0.0, b.state.thumb.ThumbTravel);
-    RC_ASSERT(std::abs(b.state.thumb.top - top) < 1e-6);
-    RC_ASSERT(b.state.SWStart == (top > 0 ? std::llrint(top / b.state.thumb.ThumbScale) : 0));
-    RC_ASSERT(b.state.SWStart <= std::max<std::int64_t>(0, b.state.FLen - 512));
-  };
-  b.bar.PressThumb();
-  b.bar.DragThumb(true, 30);
 }
 
 }  // namespace
