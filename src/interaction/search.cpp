@@ -1,5 +1,6 @@
 #include "interaction/search.h"
 
+#include "fileops/shown_file.h"
 #include "viewer/code_page.h"
 #include "viewer/mark_cells.h"
 #include "viewer/number_text.h"
@@ -68,7 +69,7 @@ void Search::TermTyped(ViewState& state) {
   NewSearch = true;
 }
 
-void Search::Run(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase) {
+void Search::Run(ViewState& state, Services& services, const SearchFields& fields, bool NoCase) {
   state.ForceRefresh = true;
   state.NavKeyHeld = false;
   const std::string term = SearchTerm(fields.Dtext);
@@ -87,6 +88,10 @@ void Search::Run(ViewState& state, const Services& services, const SearchFields&
   if (progress.Aborted()) {
     startOver_ = true;
     services.notices.Tell("Search aborted", {}, Notices::Icon::kInformation);
+  } else if (state.file.Length() < state.FLen) {
+    // Another program cut the file short: what was counted as read was not there.
+    state.FieldTyping = false;
+    TellChanged(state, services);
   } else if (position > -1) {
     NewSearch = false;
     ShowFound(state, services.display, position - 1, term.size());
@@ -98,8 +103,7 @@ void Search::Run(ViewState& state, const Services& services, const SearchFields&
   progress.ClearAbort();
 }
 
-void Search::FindClicked(ViewState& state, const Services& services, const SearchFields& fields,
-                         bool NoCase) {
+void Search::FindClicked(ViewState& state, Services& services, const SearchFields& fields, bool NoCase) {
   state.FieldTyping = true;
   Run(state, services, fields, NoCase);
   state.FieldTyping = false;

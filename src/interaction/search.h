@@ -22,11 +22,12 @@ class Search {
   void TermTyped(ViewState& state);
 
   /// What Enter does in a field. The fields' mirrors must be level. Does nothing for an empty term or without
-  /// a file. Throws the platform's file error.
-  void Run(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase);
+  /// a file. A file that another program cut short is shown as it is now instead of a hit. Throws
+  /// RunTimeError when the file cannot be read.
+  void Run(ViewState& state, Services& services, const SearchFields& fields, bool NoCase);
 
   /// What the button `Find` does.
-  void FindClicked(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase);
+  void FindClicked(ViewState& state, Services& services, const SearchFields& fields, bool NoCase);
 
   bool NewSearch = true;  ///< The term was edited since the last search.
 

@@ -261,6 +261,34 @@ TEST_F(Search, StartsAnewAfterTheFileWasReopened) {
   EXPECT_EQ(Find(), 0);
 }
 
+TEST_F(Search, ShowsAFileThatAnotherProgramCutShortAsItIsNow) {
+  for (const int blocksRead : {0, 1, 2}) {
+    Open(std::string(3000, '.') + "ab" + std::string(1000, '.'));
+    search = bwp::Search(900);
+    Type("ab");
+    int round = 0;
+    progress.onEvents = [&] {
+      if (round++ == blocksRead) folder.Write("a", std::string(1000, '.') + "ab");
+    };
+    EXPECT_EQ(Find(), -1) << blocksRead;
+    progress.onEvents = nullptr;
+    EXPECT_THAT(said, Contains("tell [Error !] The file was changed by another program (x)"));
+    EXPECT_EQ(state.FLen, 1002);
+    EXPECT_THAT(Coloured(), IsEmpty());
+    EXPECT_FALSE(progress.Visible());
+    EXPECT_EQ(Find(), 1000);
+  }
+}
+
+TEST_F(Search, EndsTypingWhenTheFileWasCutShort) {
+  Open(std::string(1000, '.'));
+  Type("ab");
+  folder.Write("a", "..");
+  search.Run(state, services, fields, false);
+  EXPECT_FALSE(state.FieldTyping);
+  EXPECT_EQ(display.window.Dend, "2");
+}
+
 TEST_F(Search, GivesTheOldHitItsColoursBackFirst) {
   Open("..a.b.." + std::string(600, '.'));
   Type("a");

@@ -42,6 +42,7 @@ MainForm::MainForm(std::string progFolder)
   ConnectChunkCommands();
   ConnectTools();
   ConnectClosing();
+  controls_.edit->mayEnter = [this] { return !Working(); };
   controls_.edit->afterEntering = [this] { HideFileDialogs(); };
   controls_.edit->afterEnabling = [this] { EnableCommands(); };
   EnableCommands();
@@ -76,6 +77,7 @@ void MainForm::ConnectChunkCommands() {
 void MainForm::ConnectTools() {
   connect(menu_.find, &QAction::triggered, this, [this] { controls_.search->FocusTerm(); });
   connect(menu_.findNext, &QAction::triggered, this, [this] { controls_.search->FindNext(); });
+  controls_.search->run = [this](const auto& search) { Operate(search); };
   connect(menu_.splitAndJoin, &QAction::triggered, this, [this] { ShowSplitJoin(); });
   for (std::size_t choice = 0; choice < menu_.acceleration.size(); ++choice) {
     connect(menu_.acceleration[choice], &QAction::triggered, this,
@@ -161,7 +163,7 @@ bool MainForm::Working() const {
 }
 
 bool MainForm::Busy() const {
-  return operating_ || progress_.Visible() || controls_.edit->IsOn();
+  return operating_ || progress_.Visible() || controls_.edit->Busy();
 }
 
 void MainForm::HideFileDialogs() {

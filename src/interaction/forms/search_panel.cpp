@@ -33,48 +33,44 @@ SearchPanel::SearchPanel(ViewState& state, Services& services, QWidget* parent)
       QStringLiteral("Uncheck to perform search CASE SENSITIVE, it affects also HEX and DEC searches"));
   NoCase_->setAccessibleName(QStringLiteral("Not case sensitive"));
 
-  Atext_->onCharacter = [this] { search_.TermTyped(state_); };
-  Atext_->onEnter = [this] {
-    search_.TermTyped(state_);
-    ShowAtextInMirrors();
-    Run();
-  };
-  Atext_->onEdited = [this](bool /*byCharacter*/) {
-    search_.TermTyped(state_);
-    ShowAtextInMirrors();
-  };
-  ConnectHeld(*Htext_, Source::kHtext);
-  ConnectHeld(*Dtext_, Source::kDtext);
+  ConnectText();
+  ConnectNumbers(*Htext_, Source::kHtext);
+  ConnectNumbers(*Dtext_, Source::kDtext);
   for (TermField* const field : {Atext_, Htext_, Dtext_}) {
-    field->onEscape = [this] { AbandonTyping(state_, services_.display); };
-    field->onLeft = [this] { Level(); };
+    connect(field, &TermField::EscapePressed, this, [this] { AbandonTyping(state_, services_.display); });
+    connect(field, &TermField::FocusLeft, this, [this] { Level(); });
   }
   connect(Find, &QPushButton::clicked, this, [this] { FindNext(); });
   connect(NoCase_, &QCheckBox::clicked, this, [this] { state_.FieldTyping = false; });
   LayOut();
 }
 
-// A field that loses the focus while the panel goes has nobody left to tell.
+// A field that loses the focus while the panel is destroyed must not call into it.
 SearchPanel::~SearchPanel() {
-  for (TermField* const field : {Atext_, Htext_, Dtext_}) field->onLeft = nullptr;
+  for (TermField* const field : {Atext_, Htext_, Dtext_}) field->disconnect(this);
+}
+
+void SearchPanel::ConnectText() {
+  connect(Atext_, &TermField::CharacterComing, this, [this] { search_.TermTyped(state_); });
+  connect(Atext_, &TermField::EnterPressed, this, [this] { Enter(Source::kAtext); });
+  connect(Atext_, &TermField::Edited, this, [this] {
+    search_.TermTyped(state_);
+    Mirror(Source::kAtext);
+  });
 }
 
 // The two fields whose mirrors show a character only with the key after it.
-void SearchPanel::ConnectHeld(TermField& field, Source source) {
-  field.onCharacter = [this, source] {
+void SearchPanel::ConnectNumbers(TermField& field, Source source) {
+  connect(&field, &TermField::CharacterComing, this, [this, source] {
     search_.TermTyped(state_);
     Mirror(source);
-  };
-  field.onEnter = [this, source] {
-    search_.TermTyped(state_);
-    Mirror(source);
-    Run();
-  };
-  field.onEdited = [this, source](bool byCharacter) {
+  });
+  connect(&field, &TermField::EnterPressed, this, [this, source] { Enter(source); });
+  connect(&field, &TermField::Edited, this, [this, source](bool byCharacter) {
     search_.TermTyped(state_);
     behind_ = source;
     if (!byCharacter) Level();
-  };
+  });
 }
 
 void SearchPanel::LayOut() {
@@ -99,8 +95,19 @@ void SearchPanel::LayOut() {
 }
 
 void SearchPanel::FindNext() {
-  Level();
-  search_.FindClicked(state_, services_, Fields(), NoCase_->isChecked());
+  run([this] {
+    Level();
+    search_.FindClicked(state_, services_, Fields(), NoCase_->isChecked());
+  });
+}
+
+// All of it is one search: what runs it may end the typing in a field first, and Enter begins it again.
+void SearchPanel::Enter(Source source) {
+  run([this, source] {
+    search_.TermTyped(state_);
+    Mirror(source);
+    search_.Run(state_, services_, Fields(), NoCase_->isChecked());
+  });
 }
 
 void SearchPanel::FocusTerm() {
@@ -108,33 +115,20 @@ void SearchPanel::FocusTerm() {
   Atext_->selectAll();
 }
 
-void SearchPanel::ShowAtextInMirrors() {
-  SearchFields fields = Fields();
-  MirrorAtext(fields);
-  Htext_->setText(FromCodePage(fields.Htext));
-  Dtext_->setText(FromCodePage(fields.Dtext));
-  behind_ = Source::kNothing;
-}
-
+// Shows in the other two fields what this one holds.
 void SearchPanel::Mirror(Source source) {
   SearchFields fields = Fields();
-  if (source == Source::kHtext) {
-    MirrorHtext(fields);
-    Dtext_->setText(FromCodePage(fields.Dtext));
-  } else {
-    MirrorDtext(fields);
-    Htext_->setText(FromCodePage(fields.Htext));
-  }
-  Atext_->setText(FromCodePage(fields.Atext));
+  if (source == Source::kAtext) MirrorAtext(fields);
+  if (source == Source::kHtext) MirrorHtext(fields);
+  if (source == Source::kDtext) MirrorDtext(fields);
+  if (source != Source::kAtext) Atext_->ShowText(FromCodePage(fields.Atext));
+  if (source != Source::kHtext) Htext_->ShowText(FromCodePage(fields.Htext));
+  if (source != Source::kDtext) Dtext_->ShowText(FromCodePage(fields.Dtext));
   behind_ = Source::kNothing;
 }
 
 void SearchPanel::Level() {
   if (behind_ != Source::kNothing) Mirror(behind_);
-}
-
-void SearchPanel::Run() {
-  search_.Run(state_, services_, Fields(), NoCase_->isChecked());
 }
 
 SearchFields SearchPanel::Fields() const {

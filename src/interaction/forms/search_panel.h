@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QGroupBox>
 
 #include "fileops/services.h"
@@ -21,6 +23,11 @@ class SearchPanel : public QGroupBox {
 
   ~SearchPanel() override;
 
+  /// Runs a search. The main form sees to it that nothing else works on the file meanwhile; it may refuse.
+  std::function<void(const std::function<void()>& search)> run = [](const std::function<void()>& search) {
+    search();
+  };
+
   /// What a click on `Find` does: the first hit, or the next one.
   void FindNext();
   /// Puts the cursor where the term is typed.
@@ -29,14 +36,14 @@ class SearchPanel : public QGroupBox {
   QPushButton* Find;
 
  private:
-  enum class Source { kNothing, kHtext, kDtext };
+  enum class Source { kNothing, kAtext, kHtext, kDtext };
 
   void LayOut();
-  void ConnectHeld(TermField& field, Source source);
-  void ShowAtextInMirrors();
+  void ConnectText();
+  void ConnectNumbers(TermField& field, Source source);
   void Mirror(Source source);
   void Level();
-  void Run();
+  void Enter(Source source);
   SearchFields Fields() const;
 
   ViewState& state_;

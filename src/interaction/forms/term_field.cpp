@@ -3,6 +3,7 @@
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 
 #include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/keys.h"
@@ -29,20 +30,25 @@ TermField::TermField(const QString& name, const QString& toolTip, QWidget* paren
   setToolTip(toolTip);
   setFont(CellFont());
   setMaxLength(kLongestText);
-  connect(this, &QLineEdit::textEdited, this, [this] { onEdited(inCharacter_); });
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    if (!showing_) Q_EMIT Edited(inCharacter_);
+  });
+}
+
+void TermField::ShowText(const QString& text) {
+  const QScopedValueRollback showing(showing_, true);
+  setText(text);
 }
 
 void TermField::keyPressEvent(QKeyEvent* event) {
-  if (IsEnter(*event) || event->key() == Qt::Key_Escape) {
-    // A held key is one press.
-    if (!event->isAutoRepeat()) IsEnter(*event) ? onEnter() : onEscape();
-    return;
-  }
+  const BoxKey kind = BoxKeyOf(*event);
+  if (kind == BoxKey::kEnter) Q_EMIT EnterPressed();
+  if (kind == BoxKey::kEscape) Q_EMIT EscapePressed();
+  if (kind != BoxKey::kTyping && kind != BoxKey::kTab) return;
   const bool typing = IsTyping(*event);
-  if (typing) onCharacter();
-  inCharacter_ = typing;
+  if (typing) Q_EMIT CharacterComing();
+  const QScopedValueRollback inCharacter(inCharacter_, typing);
   QLineEdit::keyPressEvent(event);
-  inCharacter_ = false;
 }
 
 // A file is for the window to open, not for its name to be typed.
@@ -56,7 +62,7 @@ void TermField::dragEnterEvent(QDragEnterEvent* event) {
 
 void TermField::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  if (onLeft) onLeft();
+  Q_EMIT FocusLeft();
 }
 
 }  // namespace bwp

@@ -23,6 +23,22 @@ class OneAtATime : public bwp::test::MainFormTest {
     return window->findChild<Control*>(QString::fromLatin1(name));
   }
   void EnterEditMode() { QTest::mouseClick(Button("edit"), Qt::LeftButton); }
+  /// The named controls of the window and the named entries of its menus that can be used now.
+  QStringList NamesOfWhatIsEnabled() {
+    QStringList names;
+    for (const QWidget* const widget : form->findChildren<QWidget*>()) {
+      const QString name = widget->objectName();
+      const bool ours = !name.isEmpty() && !name.startsWith(QStringLiteral("qt_"));
+      if (ours && widget->window() == form.get() && widget->isEnabled()) names << name;
+    }
+    for (const QAction* const entry : form->findChildren<QAction*>()) {
+      const QString name = entry->objectName();
+      const bool ours = !name.isEmpty() && !name.startsWith(QStringLiteral("_q_"));
+      if (ours && entry->isEnabled()) names << name;
+    }
+    names.sort();
+    return names;
+  }
   QPushButton* CancelEdit() {
     for (QPushButton* const button : form->findChildren<QPushButton*>(QStringLiteral("Cancel"))) {
       if (button->window() == form.get()) return button;
@@ -57,6 +73,22 @@ TEST_F(OneAtATime, EditModeHidesTheFileDialogsAndTheirButtonsDoNothingMeanwhile)
   EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(1000));
   EXPECT_EQ(ReadFile(folder / "other.bin"), PatternBytes(5000));
   EXPECT_TRUE(Button("cop")->isEnabled());
+}
+
+TEST_F(OneAtATime, EditModeLeavesNoOtherControlAndNoEntryAliveAndGivesAllBack) {
+  StartOnFile(1000);
+  const QStringList before = NamesOfWhatIsEnabled();
+  EXPECT_GT(before.size(), 30);
+  EXPECT_TRUE(before.contains(QStringLiteral("MenuExit")));
+  EXPECT_FALSE(before.contains(QStringLiteral("tabe")));
+  for (QPushButton* const end : {Button("edit"), CancelEdit()}) {
+    EnterEditMode();
+    EXPECT_EQ(NamesOfWhatIsEnabled(),
+              (QStringList{QStringLiteral("Cancel"), QStringLiteral("edit"), QStringLiteral("tabe")}));
+    const AnswerBoxes boxes;
+    QTest::mouseClick(end, Qt::LeftButton);
+    EXPECT_EQ(NamesOfWhatIsEnabled(), before);
+  }
 }
 
 TEST_F(OneAtATime, TheFileDialogsWorkAgainAfterEditMode) {
@@ -126,6 +158,60 @@ TEST_F(OneAtATime, NoSecondOperationStartsWhileTheFirstHasItsMessageUp) {
   Entry("menuappend")->trigger();
   EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(1000) + PatternBytes(1000));
   EXPECT_EQ(boxes.Lines(), std::vector<std::string>{"[Bytewarp] Insert Successful"});
+}
+
+TEST_F(OneAtATime, NoSearchStartsWhileAnOperationRuns) {
+  for (const bool button : {false, true}) {
+    StartOnFile(4096);
+    QTest::keyClicks(Find<QLineEdit>("Atext"), QStringLiteral("none"));
+    bool tried = false;
+    QTimer tool;
+    QObject::connect(&tool, &QTimer::timeout, form.get(), [&] {
+      auto* const progress = form->findChild<QWidget*>(QStringLiteral("Progform"));
+      if (progress == nullptr || !progress->isVisible()) return;
+      tool.stop();
+      tried = true;
+      const QString title = progress->windowTitle();
+      button ? Button("Find")->click() : Entry("menufindnext")->trigger();
+      EXPECT_TRUE(progress->isVisible());
+      EXPECT_EQ(progress->windowTitle(), title);
+    });
+    tool.start(0);
+    AnswerBoxes boxes;
+    Entry("menucopy")->trigger();
+    EXPECT_TRUE(tried);
+    EXPECT_TRUE(boxes.Seen().empty());
+    EXPECT_EQ(form->State().BufferData, PatternBytes(4096));
+  }
+}
+
+TEST_F(OneAtATime, NothingElseStartsWhileASearchHasItsMessageUp) {
+  for (const bool button : {false, true}) {
+    StartOnFile(4096);
+    QTest::keyClicks(Find<QLineEdit>("Atext"), QStringLiteral("none"));
+    AnswerBoxes boxes;
+    boxes.onBox = [&, this](QMessageBox&) {
+      if (boxes.Seen().size() > 1) return;
+      Entry("menucut")->trigger();
+      Entry("menufindnext")->trigger();
+      Button("edit")->click();
+    };
+    button ? Button("Find")->click() : Entry("menufindnext")->trigger();
+    EXPECT_EQ(boxes.Lines(), std::vector<std::string>{"[Bytewarp] String not found"});
+    EXPECT_EQ(ReadFile(folder / "file.bin"), PatternBytes(4096));
+    EXPECT_EQ(Button("edit")->text(), QStringLiteral("Edit"));
+  }
+}
+
+TEST_F(OneAtATime, AMessageOrAnOperationKeepsEditModeAway) {
+  StartOnFile(1000);
+  Entry("menucopy")->trigger();
+  AnswerBoxes boxes;
+  boxes.onBox = [this](QMessageBox&) { Button("edit")->click(); };
+  Entry("menuappend")->trigger();
+  EXPECT_EQ(boxes.Seen().size(), 1U);
+  EXPECT_EQ(Button("edit")->text(), QStringLiteral("Edit"));
+  EXPECT_FALSE(form->State().EditMode);
 }
 
 TEST_F(OneAtATime, ClosingWaitsUntilTheOperationIsOverAndItsMessageWasRead) {

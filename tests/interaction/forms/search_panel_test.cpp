@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -179,6 +180,51 @@ TEST(SearchFields, TextDroppedIntoAFieldKeepsTheThreeInStep) {
   p.Atext->clear();
   drop(p.Atext, QStringLiteral("xy"));
   EXPECT_TRUE(p.Shows("xy", "78 79 ", "120 121 "));
+  p.Dtext->clear();
+  drop(p.Dtext, QStringLiteral("66 67"));
+  EXPECT_TRUE(p.Shows("BC", "42 43 ", "66 67"));
+}
+
+TEST(SearchFields, ATextThatAnAssistiveToolSetsIsMirroredAndSearchedFor) {
+  Panel p(Far("BC"));
+  const auto set = [](QLineEdit* field, const char* text) {
+    QAccessible::queryAccessibleInterface(field)->setText(QAccessible::Value, QLatin1String(text));
+  };
+  set(p.Atext, "AB");
+  EXPECT_TRUE(p.Shows("AB", "41 42 ", "65 66 "));
+  EXPECT_TRUE(p.state.FieldTyping);
+  set(p.Htext, "42 43");
+  EXPECT_TRUE(p.Shows("BC", "42 43", "66 67 "));
+  set(p.Dtext, "67 68");
+  EXPECT_TRUE(p.Shows("CD", "43 44 ", "67 68"));
+  p.Atext->setText(QStringLiteral("BC"));
+  p.ClickFind();
+  EXPECT_EQ(p.state.SWStart, 2000);
+}
+
+TEST(SearchFields, BackspaceInTheHexadecimalFieldIsMirroredByTheNextKey) {
+  Panel p("abc");
+  p.Type(p.Htext, "41 42");
+  QTest::keyClick(p.Htext, Qt::Key_Backspace);
+  EXPECT_TRUE(p.Shows("AB", "41 4", "65 66 "));
+  QTest::keyClick(p.Htext, Qt::Key_Backspace);
+  EXPECT_TRUE(p.Shows("A\x04", "41 ", "65 4 "));
+}
+
+TEST(SearchFields, CuttingAndUndoingKeepTheThreeInStep) {
+  Panel p("abc");
+  const auto command = [](QLineEdit* field, Qt::Key key) {
+    QTest::keyClick(field, key, Qt::ControlModifier);
+  };
+  for (QLineEdit* const field : {p.Atext, p.Htext, p.Dtext}) {
+    field->clear();
+    p.Type(field, field == p.Atext ? "AB" : field == p.Htext ? "41 42" : "65 66");
+    command(field, Qt::Key_A);
+    command(field, Qt::Key_X);
+    EXPECT_TRUE(p.Shows("", "", "")) << field->objectName().toStdString();
+    command(field, Qt::Key_Z);
+    EXPECT_TRUE(p.Shows("AB", field == p.Htext ? "41 42" : "41 42 ", field == p.Dtext ? "65 66" : "65 66 "));
+  }
 }
 
 TEST(SearchFields, EscapeGivesThePageBack) {
@@ -190,15 +236,17 @@ TEST(SearchFields, EscapeGivesThePageBack) {
 }
 
 TEST(SearchRun, EnterInEachFieldFindsTheTerm) {
-  for (const char* name : {"Atext", "Htext", "Dtext"}) {
-    Panel p(Far("AB"));
-    auto* const field = p.Find<QLineEdit>(name);
-    p.Type(field, field == p.Atext ? "AB" : field == p.Htext ? "41 42" : "65 66");
-    QTest::keyClick(field, Qt::Key_Return);
-    EXPECT_EQ(p.state.SWStart, 2000) << name;
-    EXPECT_EQ(p.state.SWPrev, 2000) << "the page was shown although the field is typed into";
-    EXPECT_EQ(p.state.tabe.Background(0, 1), bwp::kHitColour);
-    EXPECT_EQ(p.state.tabe.Background(0, 18), bwp::kHitColour);
+  for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+    for (const char* name : {"Atext", "Htext", "Dtext"}) {
+      Panel p(Far("AB"));
+      auto* const field = p.Find<QLineEdit>(name);
+      p.Type(field, field == p.Atext ? "AB" : field == p.Htext ? "41 42" : "65 66");
+      QTest::keyClick(field, enter);
+      EXPECT_EQ(p.state.SWStart, 2000) << name;
+      EXPECT_EQ(p.state.SWPrev, 2000) << "the page was shown although the field is typed into";
+      EXPECT_EQ(p.state.tabe.Background(0, 1), bwp::kHitColour);
+      EXPECT_EQ(p.state.tabe.Background(0, 18), bwp::kHitColour);
+    }
   }
 }
 
@@ -261,6 +309,24 @@ TEST(SearchRun, EnterInTheTextSearchesForWhatTheTextShows) {
   QTest::keyClick(p.Atext, Qt::Key_Return);
   EXPECT_TRUE(p.Shows("A", "41 ", "65 "));
   EXPECT_EQ(p.state.SWStart, 2000);
+}
+
+TEST(SearchRun, WhatRunsItMayRefuseAndEndTypingFirst) {
+  Panel p(Far("AB"));
+  p.Type(p.Atext, "AB");
+  p.panel->run = [](const auto& /*search*/) {};
+  QTest::keyClick(p.Atext, Qt::Key_Return);
+  p.ClickFind();
+  EXPECT_TRUE(p.transcript.empty());
+  p.panel->run = [&](const auto& search) {
+    p.state.FieldTyping = false;
+    search();
+  };
+  QTest::keyClick(p.Atext, Qt::Key_Return);
+  EXPECT_EQ(p.state.SWPrev, 2000);
+  EXPECT_TRUE(p.state.FieldTyping) << "Enter leaves the field as typed into until the key comes up";
+  p.ClickFind();
+  EXPECT_FALSE(p.state.FieldTyping);
 }
 
 TEST(SearchRun, AHeldEnterIsOneSearch) {
