@@ -1,8 +1,6 @@
 #include "interaction/forms/control_switch.h"
 
 #include <QAction>
-#include <QLayout>
-#include <QMenu>
 #include <QMenuBar>
 
 namespace bwp {
@@ -13,12 +11,6 @@ bool HasGivenName(const QObject& object) {
   const QString name = object.objectName();
   return !name.isEmpty() && !name.startsWith(QStringLiteral("qt_")) &&
          !name.startsWith(QStringLiteral("_q_"));
-}
-
-// A mere frame around other controls is none: disabled, it would take all within along.
-bool IsControl(const QWidget& form, const QWidget& widget) {
-  return HasGivenName(widget) && widget.layout() == nullptr && widget.window() == &form &&
-         qobject_cast<const QMenuBar*>(&widget) == nullptr;
 }
 
 void SwitchControls(QWidget& form, Display& display, bool on, bool visibleDuring, const QObject* kept) {
@@ -35,6 +27,11 @@ void SwitchControls(QWidget& form, Display& display, bool on, bool visibleDuring
 }
 
 }  // namespace
+
+bool IsControl(const QWidget& form, const QWidget& widget) {
+  return HasGivenName(widget) && widget.layout() == nullptr && widget.window() == &form &&
+         qobject_cast<const QMenuBar*>(&widget) == nullptr;
+}
 
 void DisableControls(QWidget& form, Display& display, bool visibleDuring, const QObject* kept) {
   SwitchControls(form, display, false, visibleDuring, kept);

@@ -6,6 +6,10 @@
 
 namespace bwp {
 
+/// Whether a widget is one of the form's controls. The menu bar is none, nor is a frame around other
+/// controls: disabled, it would take all within along.
+bool IsControl(const QWidget& form, const QWidget& widget);
+
 /// Disables every control of a form at once, menu entries and pop-up entries among them, except the one that
 /// has the kept control's name. Events that wait are handled first; the form is visible, or not, meanwhile
 /// and visible afterwards.

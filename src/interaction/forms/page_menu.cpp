@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+
+#include "interaction/forms/control_switch.h"
 
 namespace bwp {
 
@@ -51,15 +52,20 @@ bool PageMenu::MayOpen() const {
 }
 
 bool PageMenu::MousePressed(const QPoint& global) {
-  const QPoint place = tabe_.mapFromGlobal(global);
-  // Right of the grid lie controls that have nothing to do with a byte.
-  if (!MayOpen() || place.y() <= 0 || place.x() >= tabe_.width()) return false;
-  // A button leaves the right mouse button to the form behind it, but is no place to point at a byte.
-  const QWidget* const under = window_.childAt(window_.mapFromGlobal(global));
-  if (qobject_cast<const QAbstractButton*>(under) != nullptr) return false;
+  const bool belowTop = tabe_.mapFromGlobal(global).y() > 0;
+  if (!MayOpen() || !belowTop || IsOnAnotherControl(global)) return false;
   cell_ = ByteCellAt(tabe_, global);
   PopUp(global);
   return true;
+}
+
+// Many controls leave the right mouse button to the form behind them, but are no place to point at a byte.
+bool PageMenu::IsOnAnotherControl(const QPoint& global) const {
+  const QWidget* under = window_.childAt(window_.mapFromGlobal(global));
+  for (; under != nullptr && under != &window_ && under != &tabe_; under = under->parentWidget()) {
+    if (IsControl(window_, *under)) return true;
+  }
+  return false;
 }
 
 // An empty file holds nothing to edit.

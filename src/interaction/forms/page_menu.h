@@ -10,8 +10,8 @@
 
 namespace bwp {
 
-/// The grid's pop-up menu `popmark`: comes up where the right button is pressed below the grid's top edge, or
-/// by the keyboard's Menu key for the page's first byte.
+/// The grid's pop-up menu `popmark`: comes up where the right button is pressed on the form below the grid's
+/// top edge, for the nearest byte, or by the keyboard's Menu key, for the page's first byte.
 class PageMenu : public QObject {
  public:
   /// `window` is the form whose mouse is watched; the grid lies in it.
@@ -26,6 +26,7 @@ class PageMenu : public QObject {
   QAction* AddEntry(const QString& name, const QString& text);
   bool MayOpen() const;
   bool MousePressed(const QPoint& global);
+  bool IsOnAnotherControl(const QPoint& global) const;
   bool MenuKeyPressed();
   void PopUp(const QPoint& global);
 

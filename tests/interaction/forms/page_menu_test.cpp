@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include "support/forms/interaction_window.h"
+#include "viewer/forms/offset_box.h"
 #include "viewer/refresh.h"
 
 namespace {
@@ -22,8 +24,14 @@ struct Menu : FileWindow {
     column->setContentsMargins(40, 40, 40, 40);
     table = new PageTable(state.tabe, &window);
     button = new QPushButton(QStringLiteral("Open"), &window);
+    button->setObjectName(QStringLiteral("opn"));
+    track = new QWidget(&window);
+    track->setObjectName(QStringLiteral("VSBack"));
+    box = new bwp::OffsetBox(QStringLiteral("MHStart"), QStringLiteral("Mark Start"), &window);
     column->addWidget(table);
     column->addWidget(button);
+    column->addWidget(box);
+    track->setGeometry(10, 60, 20, 300);
     menu = std::make_unique<PageMenu>(state, display, *table, window);
     popmark = Find<QMenu>("popmark");
     Show();
@@ -47,6 +55,8 @@ struct Menu : FileWindow {
 
   PageTable* table;
   QPushButton* button;
+  QWidget* track;
+  bwp::OffsetBox* box;
   std::unique_ptr<PageMenu> menu;
   QMenu* popmark;
 };
@@ -87,7 +97,7 @@ TEST(PageMenu, AnEmptyCellPastTheEndOfTheFileCanBeMarkEnd) {
 
 TEST(PageMenu, BesideTheGridTheNearestCellCounts) {
   Menu m(5000);
-  m.RightPress(QPoint(5, m.InWindow(2, 1).y()));
+  m.RightPress(QPoint(35, m.InWindow(2, 1).y()));
   ASSERT_TRUE(m.Choose("popmstart"));
   EXPECT_EQ(m.state.MarkStart, 32);
   m.RightPress(m.InWindow(2, 0));
@@ -98,12 +108,18 @@ TEST(PageMenu, BesideTheGridTheNearestCellCounts) {
   EXPECT_EQ(m.state.MarkEnd, 496);
 }
 
-TEST(PageMenu, DoesNotComeUpAboveTheGridOrOnAButton) {
+TEST(PageMenu, DoesNotComeUpAboveTheGridOrOnAnotherControl) {
   Menu m(5000);
   m.RightPress(QPoint(60, m.table->y() - 2));
   EXPECT_FALSE(m.popmark->isVisible());
-  m.RightPress(m.button->geometry().center());
-  EXPECT_FALSE(m.popmark->isVisible());
+  for (QWidget* const control : std::initializer_list<QWidget*>{m.button, m.track, m.box}) {
+    for (const bool enabled : {true, false}) {
+      control->setEnabled(enabled);
+      m.RightPress(control->geometry().center());
+      EXPECT_FALSE(m.popmark->isVisible()) << control->objectName().toStdString();
+      if (QWidget* const own = QApplication::activePopupWidget()) own->close();
+    }
+  }
 }
 
 TEST(PageMenu, DoesNotComeUpWithoutAFile) {
@@ -147,10 +163,11 @@ TEST(PageMenu, StaysAwayWhenAllItsEntriesAreDisabled) {
   EXPECT_FALSE(m.popmark->isVisible());
 }
 
-TEST(PageMenu, DoesNotComeUpRightOfTheGrid) {
+TEST(PageMenu, RightOfTheGridTheRowsLastCharacterCounts) {
   Menu m(5000);
   m.RightPress(QPoint(m.table->geometry().right() + 2, m.InWindow(2, 1).y()));
-  EXPECT_FALSE(m.popmark->isVisible());
+  ASSERT_TRUE(m.Choose("popmstart"));
+  EXPECT_EQ(m.state.MarkStart, 47);
 }
 
 TEST(PageMenu, AnEmptyFileIsNotToBeEdited) {
