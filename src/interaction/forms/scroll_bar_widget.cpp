@@ -41,10 +41,12 @@ ScrollBarWidget::ScrollBarWidget(ViewState& state, Display& display, QWidget* pa
   Name(*VSB_, QStringLiteral("VSB"), QStringLiteral("Scroll thumb"),
        QStringLiteral("Drag to scroll data window"));
 
-  VSUP_->onPress = [this] { bar_.PressLine(ScrollBar::Line::kUp); };
-  VSUP_->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kUp); };
-  VSDW_->onPress = [this] { bar_.PressLine(ScrollBar::Line::kDown); };
-  VSDW_->onRelease = [this] { bar_.ReleaseLine(ScrollBar::Line::kDown); };
+  const auto connectLine = [this](const LineButton* button, ScrollBar::Line line) {
+    connect(button, &LineButton::Held, this, [this, line] { bar_.PressLine(line); });
+    connect(button, &LineButton::LetGo, this, [this, line] { bar_.ReleaseLine(line); });
+  };
+  connectLine(VSUP_, ScrollBar::Line::kUp);
+  connectLine(VSDW_, ScrollBar::Line::kDown);
   connect(&timer_.Timer(), &QTimer::timeout, this, [this] { bar_.HoldElapsed(); });
   VSBack_->installEventFilter(this);
   VSB_->installEventFilter(this);

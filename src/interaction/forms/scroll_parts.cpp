@@ -18,17 +18,17 @@ QColor Between(const QColor& one, const QColor& other, double share) {
 LineButton::LineButton(Qt::ArrowType arrow, QWidget* parent) : QToolButton(parent) {
   setArrowType(arrow);
   setFocusPolicy(Qt::NoFocus);
-  // Pressed by a tool that stands in for the mouse: one click.
+  // Clicked by an assistive tool.
   connect(this, &QAbstractButton::clicked, this, [this] {
-    onPress();
-    onRelease();
+    Q_EMIT Held();
+    Q_EMIT LetGo();
   });
 }
 
 void LineButton::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
   setDown(true);
-  onPress();
+  Q_EMIT Held();
 }
 
 void LineButton::mouseMoveEvent(QMouseEvent* /*event*/) {}
@@ -36,7 +36,7 @@ void LineButton::mouseMoveEvent(QMouseEvent* /*event*/) {}
 void LineButton::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
   setDown(false);
-  onRelease();
+  Q_EMIT LetGo();
 }
 
 void LineButton::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -54,7 +54,10 @@ void ScrollTrack::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-ThumbHandle::ThumbHandle(QWidget* parent) : QWidget(parent) {}
+ThumbHandle::ThumbHandle(QWidget* parent) : QWidget(parent) {
+  // A move with no button down ends a drag whose release went elsewhere.
+  setMouseTracking(true);
+}
 
 void ThumbHandle::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

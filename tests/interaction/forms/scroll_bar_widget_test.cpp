@@ -188,6 +188,20 @@ TEST(ScrollBarWidget, TheThumbFollowsThePointerAndStopsAtTheEndsOfItsTravel) {
   EXPECT_FALSE(b.state.AutoScroll);
 }
 
+TEST(ScrollBarWidget, AMoveOfTheThumbWithNoButtonDownEndsTheDrag) {
+  Bar b(50'000);
+  b.display.onFrame = [&] {
+    const QPointF global = b.VSB->mapToGlobal(QPointF(5, 6));
+    QMouseEvent move(QEvent::MouseMove, QPointF(5, 6), global, Qt::NoButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(b.VSB, &move);
+    if (b.display.frames > 3) b.bar->LetGo();
+  };
+  QTest::mousePress(b.VSB, Qt::LeftButton, {}, QPoint(5, 5));
+  b.MoveTo(20);
+  EXPECT_EQ(b.display.frames, 1);
+  EXPECT_FALSE(b.state.AutoScroll);
+}
+
 TEST(ScrollBarWidget, AClickOnTheThumbDoesNotScroll) {
   Bar b(5000);
   QTest::mouseClick(b.VSB, Qt::LeftButton);
