@@ -213,9 +213,10 @@ TEST(PopupMarks, DefaultMarkIsTheWholeFile) {
   EXPECT_EQ(c.display.chunk.Mdsize, "1.000");
 }
 
-RC_GTEST_PROP(ChunkModel, EveryWayToSetAMarkKeepsAtLeastTwoBytesInTheFile, ()) {
+RC_GTEST_PROP(ChunkModel, EveryWayToSetAMarkFollowsItsRuleAndKeepsAtLeastTwoBytes, ()) {
   const auto length = *rc::gen::inRange<std::int64_t>(2, 3000);
   Chunk c(static_cast<std::size_t>(length));
+  const std::int64_t last = std::max<std::int64_t>(0, length - 512);
   std::int64_t start = 0;
   std::int64_t end = length - 1;
   const int actions = *rc::gen::inRange(1, 20);
@@ -223,7 +224,9 @@ RC_GTEST_PROP(ChunkModel, EveryWayToSetAMarkKeepsAtLeastTwoBytesInTheFile, ()) {
     const auto v = *rc::gen::inRange<std::int64_t>(0, 3500);
     const bool hex = *rc::gen::arbitrary<bool>();
     const std::string text = hex ? funzioni::HexOffset(v) : std::to_string(v);
-    switch (*rc::gen::inRange(0, 5)) {
+    const PopupCell cell{*rc::gen::inRange(0, 32), *rc::gen::inRange(1, 33)};
+    const std::int64_t pointed = c.state.SWStart + cell.row * 16 + (cell.column - 1) % 16;
+    switch (*rc::gen::inRange(0, 9)) {
       case 0:
         RC_ASSERT(c.Enter(hex ? ChunkField::kMHStart : ChunkField::kMdStart, text));
         start = std::clamp<std::int64_t>(v, 0, length - 2);
@@ -238,19 +241,34 @@ RC_GTEST_PROP(ChunkModel, EveryWayToSetAMarkKeepsAtLeastTwoBytesInTheFile, ()) {
         RC_ASSERT(c.Enter(hex ? ChunkField::kMHSize : ChunkField::kMdSize, text));
         end = std::max(start + 1, std::min(start + v - 1, length - 1));
         break;
-      case 3: {
-        const PopupCell cell{*rc::gen::inRange(0, 32), *rc::gen::inRange(1, 33)};
+      case 3:
         MarkStartAt(c.state, c.display, cell);
-        start = std::min({c.state.SWStart + cell.row * 16 + (cell.column - 1) % 16, length - 2, end - 1});
+        start = std::min({pointed, length - 2, end - 1});
         break;
-      }
+      case 4:
+        MarkEndAt(c.state, c.display, cell);
+        end = std::max(start + 1, pointed);
+        break;
+      case 5:
+        MarkWholeFile(c.state, c.display);
+        start = 0;
+        end = length - 1;
+        break;
+      case 6:
+        GotoMarkStart(c.state, c.display);
+        RC_ASSERT(c.state.SWPrev == std::min(start, last));
+        break;
+      case 7:
+        GotoMarkEnd(c.state, c.display);
+        RC_ASSERT(c.state.SWPrev == std::clamp<std::int64_t>(end - 511, 0, last));
+        break;
       default:
         c.state.SWStart = v;
         bwp::Refresh(c.state, c.display);
         break;
     }
     RC_ASSERT(c.MarksAre(start, end));
-    RC_ASSERT(start >= 0 && start + 1 <= end && end <= length - 1);
+    RC_ASSERT(start >= 0 && start <= length - 2 && start + 1 <= end);
     // No cell but the two marks' wears another colour than its own.
     for (int position = 0; position < bwp::kPageBytes; ++position) {
       const std::int64_t offset = c.state.SWStart + position;

@@ -39,15 +39,18 @@ class WatchedDisk : public bwp::Disk {
     return fails ? -1 : result;
   }
 
-  std::string failing;
+  std::string failing;  // the kind of call that fails, and which of them
+  int failingCall = 1;
   std::size_t largestWrite = 1'000'000;
   mutable std::vector<std::string> calls;
 
  private:
+  mutable int seen = 0;
   bool Fails(const std::string& call) const {
     calls.push_back(call);
-    if (call == failing) errno = EIO;
-    return call == failing;
+    const bool fails = call == failing && ++seen == failingCall;
+    if (fails) errno = EIO;
+    return fails;
   }
 };
 
@@ -118,7 +121,8 @@ TEST(WriteBack, GoesOnAfterAShortWrite) {
 
 TEST(WriteBack, EveryFailureIsToldWithThePath) {
   for (const char* call : {"open", "write", "sync", "close"}) {
-    Page p(600);
+    Page p(2000, 700);
+    p.Type("0102");
     p.disk.failing = call;
     try {
       WriteBackPage(p.state, p.disk);
@@ -129,7 +133,24 @@ TEST(WriteBack, EveryFailureIsToldWithThePath) {
     }
     const auto closes = std::count(p.disk.calls.begin(), p.disk.calls.end(), "close");
     EXPECT_EQ(closes, std::string(call) == "open" ? 0 : 1) << call;
+    std::string expected = p.bytes;
+    const bool written = std::string(call) == "sync" || std::string(call) == "close";
+    if (written) expected.replace(700, 2, "\x01\x02");
+    EXPECT_EQ(ReadFile(p.path), expected) << call;
   }
+}
+
+TEST(WriteBack, AWriteThatFailsAfterAShortOneHasChangedNothingButThePage) {
+  Page p(2000, 700);
+  p.Type("0102030405");
+  p.disk.largestWrite = 3;
+  p.disk.failing = "write";
+  p.disk.failingCall = 2;
+  EXPECT_THROW(WriteBackPage(p.state, p.disk), bwp::RunTimeError);
+  EXPECT_EQ(p.disk.calls, (std::vector<std::string>{"open", "write", "write", "close"}));
+  std::string expected = p.bytes;
+  expected.replace(700, 3, "\x01\x02\x03");
+  EXPECT_EQ(ReadFile(p.path), expected);
 }
 
 TEST(WriteBack, LeavesAFileAloneThatAnotherProgramChangedInLength) {

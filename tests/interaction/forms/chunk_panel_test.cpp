@@ -1,6 +1,7 @@
 #include "interaction/forms/chunk_panel.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 #include <QLabel>
 #include <QLineEdit>
@@ -46,6 +47,16 @@ struct Panel : FileWindow {
   }
 
   ChunkPanel* panel;
+};
+
+/// Counts the keys that reach an object.
+class KeyCounter : public QObject {
+ public:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) ++presses;
+    return false;
+  }
+  int presses = 0;
 };
 
 constexpr const char* kHexBoxes[] = {"MHStart", "MHEnd", "MHSize"};
@@ -101,6 +112,45 @@ TEST(ChunkPanel, AKeyInAnyBoxHoldsThePageBack) {
       bwp::Refresh(p.state, p.display);
       EXPECT_EQ(p.TextOf(boxes[i]), "12");
     }
+  }
+}
+
+TEST(ChunkPanel, EvenAKeyThatTypesNothingHoldsThePageBack) {
+  Panel p(5000);
+  for (const char* const* boxes : {kHexBoxes, kDecimalBoxes}) {
+    for (int i = 0; i < 3; ++i) {
+      for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Shift, Qt::Key_Delete, Qt::Key_F5}) {
+        p.state.FieldTyping = false;
+        QTest::keyClick(p.Find<QWidget>(boxes[i]), key);
+        EXPECT_TRUE(p.state.FieldTyping) << boxes[i] << " " << key;
+      }
+    }
+  }
+}
+
+TEST(ChunkPanel, DecimalBoxesPassEnterOnAndHexadecimalOnesKeepIt) {
+  Panel p(5000);
+  KeyCounter passed;
+  p.panel->installEventFilter(&passed);
+  for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+    for (const char* name : kHexBoxes) {
+      QTest::keyClick(p.Find<QWidget>(name), enter);
+      EXPECT_EQ(std::exchange(passed.presses, 0), 0) << name;
+    }
+    for (const char* name : kDecimalBoxes) {
+      QTest::keyClick(p.Find<QWidget>(name), enter);
+      EXPECT_EQ(std::exchange(passed.presses, 0), 1) << name;
+    }
+  }
+}
+
+TEST(ChunkPanel, TheNumberBlocksEnterIsEnter) {
+  for (const char* const* boxes : {kHexBoxes, kDecimalBoxes}) {
+    Panel p(5000);
+    p.Type(boxes[2], "20");
+    QTest::keyClick(p.Find<QWidget>(boxes[2]), Qt::Key_Enter);
+    EXPECT_EQ(p.state.MarkEnd, boxes == kHexBoxes ? 31 : 19);
+    EXPECT_FALSE(p.state.FieldTyping);
   }
 }
 
