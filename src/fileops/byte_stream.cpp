@@ -7,8 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
-#include "fileops/uninterrupted.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 
 namespace FileSystem {
 namespace {
@@ -21,51 +21,14 @@ constexpr std::size_t kScratchBytes = 262'144;
 
 constexpr mode_t kNewFileMode = 0666;
 
-struct stat StatusOf(int descriptor, const std::string& path) {
-  struct stat status = {};
-  if (fstat(descriptor, &status) != 0) throw RunTimeErrorFromErrno(errno, path);
-  return status;
-}
-
-void RefuseUnlessRegular(int descriptor, const std::string& path) {
-  if (!S_ISREG(StatusOf(descriptor, path).st_mode)) throw MakeRunTimeError(bwp::kPathFileAccess, path);
-}
-
 }  // namespace
 
-// Both are opened non-blocking, so that a pipe that took the file's name does not hang the program.
-ReadStream::ReadStream(const std::string& path) : ReadStream() {
-  descriptor_ = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  path_ = path;
-  if (descriptor_ < 0) throw RunTimeErrorFromErrno(errno, path);
-  RefuseUnlessRegular(descriptor_, path);
-}
-
-ReadStream::ReadStream(ReadStream&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
-
-ReadStream& ReadStream::operator=(ReadStream&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
-  std::swap(path_, other.path_);
-  return *this;
-}
-
-ReadStream::~ReadStream() {
-  Close();
-}
+ReadStream::ReadStream(const std::string& path) : descriptor_(bwp::OpenForReading(path)), path_(path) {}
 
 std::size_t ReadStream::Read(void* bytes, std::size_t count) {
-  std::size_t done = 0;
-  while (done < count) {
-    const ssize_t got = read(descriptor_, static_cast<char*>(bytes) + done, count - done);
-    if (got == 0) break;
-    if (got > 0) {
-      done += static_cast<std::size_t>(got);
-    } else if (errno != EINTR) {
-      throw RunTimeErrorFromErrno(errno, path_);
-    }
-  }
-  return done;
+  return bwp::ReadUntilFull(path_, bytes, count, [&](char* to, std::size_t missing, std::size_t) {
+    return read(Descriptor(), to, missing);
+  });
 }
 
 void ReadStream::ReadAll(void* bytes, std::size_t count) {
@@ -73,24 +36,21 @@ void ReadStream::ReadAll(void* bytes, std::size_t count) {
 }
 
 void ReadStream::Skip(std::int64_t count) {
-  if (lseek(descriptor_, count, SEEK_CUR) < 0) throw RunTimeErrorFromErrno(errno, path_);
-}
-
-void ReadStream::Close() {
-  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+  if (lseek(Descriptor(), count, SEEK_CUR) < 0) throw RunTimeErrorFromErrno(errno, path_);
 }
 
 std::int64_t ReadStream::Length() const {
-  return StatusOf(descriptor_, path_).st_size;
+  return bwp::StatusOf(Descriptor(), path_).st_size;
 }
 
+// Non-blocking for the same reason as a file that is read.
 WriteStream::WriteStream(const bwp::Disk& disk, const std::string& path)
     : WriteStream(disk, bwp::Uninterrupted([&] {
                     return disk.Open(path, O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK, kNewFileMode);
                   }),
                   path) {
   if (descriptor_ < 0) throw RunTimeErrorFromErrno(errno, path);
-  RefuseUnlessRegular(descriptor_, path);
+  if (!S_ISREG(bwp::StatusOf(descriptor_, path).st_mode)) throw MakeRunTimeError(bwp::kPathFileAccess, path);
 }
 
 WriteStream::WriteStream(const bwp::Disk& disk, int descriptor, std::string path)

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "fileops/disk.h"
+#include "viewer/descriptor.h"
 
 /// The streams that every long file operation moves bytes through, and the steps it moves them in.
 namespace FileSystem {
@@ -16,9 +17,6 @@ class ReadStream {
   ReadStream() = default;
   /// Opens the path. Throws the platform's file error; 75 for what is no regular file.
   explicit ReadStream(const std::string& path);
-  ReadStream(ReadStream&& other) noexcept;
-  ReadStream& operator=(ReadStream&& other) noexcept;
-  ~ReadStream();
 
   /// Reads the next count bytes; returns how many there were, fewer only at the end of the file. Throws the
   /// platform's file error.
@@ -27,16 +25,16 @@ class ReadStream {
   void ReadAll(void* bytes, std::size_t count);
   /// Moves the position on without reading a byte. Past the end nothing is read any more.
   void Skip(std::int64_t count);
-  void Close();
+  void Close() { descriptor_.Close(); }
 
-  bool IsOpen() const { return descriptor_ >= 0; }
+  bool IsOpen() const { return descriptor_.IsOpen(); }
   /// The file's length now, in bytes.
   std::int64_t Length() const;
-  int Descriptor() const { return descriptor_; }
+  int Descriptor() const { return descriptor_.Number(); }
   const std::string& Path() const { return path_; }
 
  private:
-  int descriptor_ = -1;
+  bwp::Descriptor descriptor_;
   std::string path_;
 };
 

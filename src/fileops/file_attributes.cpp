@@ -7,8 +7,9 @@
 #include <sys/xattr.h>
 #include <vector>
 
-#include "fileops/uninterrupted.h"
+#include "viewer/descriptor.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 
 namespace bwp {
 namespace {
@@ -39,20 +40,14 @@ bool GiveOwner(const Files& files, uid_t owner, gid_t group) {
   return result == 0;
 }
 
-struct stat StatusOf(int descriptor, const Files& files) {
-  struct stat status = {};
-  Require(fstat(descriptor, &status) == 0, files);
-  return status;
-}
-
 mode_t ModeOf(const struct stat& status) {
   return status.st_mode & 07777U;
 }
 
 // Only the system's administrator may give files away; a group of one's own anybody may set.
 void CopyOwnerAndMode(const Files& files) {
-  const struct stat old = StatusOf(files.from, files);
-  const struct stat fresh = StatusOf(files.to, files);
+  const struct stat old = StatusOf(files.from, files.path);
+  const struct stat fresh = StatusOf(files.to, files.path);
   bool ownerKept = old.st_uid == fresh.st_uid;
   bool groupKept = old.st_gid == fresh.st_gid;
   if (!ownerKept) ownerKept = groupKept = GiveOwner(files, old.st_uid, old.st_gid);
@@ -63,7 +58,7 @@ void CopyOwnerAndMode(const Files& files) {
   if (!ownerKept) mode &= ~static_cast<mode_t>(S_ISUID);
   if (!groupKept) mode = (mode & ~static_cast<mode_t>(S_ISGID | S_IRWXG)) | ((mode & S_IRWXO) << 3U);
   // Not every file system has modes to change.
-  if (ModeOf(StatusOf(files.to, files)) == mode) return;
+  if (ModeOf(StatusOf(files.to, files.path)) == mode) return;
   Require(Uninterrupted([&] { return files.disk.ChangeMode(files.to, mode); }) == 0, files);
 }
 

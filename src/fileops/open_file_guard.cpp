@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -11,6 +12,7 @@
 
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 
 namespace bwp {
 namespace {
@@ -61,7 +63,7 @@ bool IsSameEntry(const std::string& one, const std::string& other) {
 bool IsOnlyNameOfOpenFile(const ViewState& state, const std::string& path) {
   struct stat status = {};
   return state.file.IsOpen() && lstat(path.c_str(), &status) == 0 && status.st_nlink == 1 &&
-         state.file.Identity() == FileIdentity{status.st_dev, status.st_ino};
+         state.file.Identity() == IdentityOf(status);
 }
 
 }  // namespace
@@ -75,6 +77,11 @@ void RefuseToDeleteOpenFile(const ViewState& state, const std::string& path) {
                   [&](const std::string& entry) { return IsSameEntry(entry, doomed); })) {
     throw MakeRunTimeError(kPermissionDenied, path);
   }
+}
+
+void DeleteUnlessOpen(const ViewState& state, const Disk& disk, const std::string& path) {
+  RefuseToDeleteOpenFile(state, path);
+  if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
 
 void RefuseToOverwriteOpenFile(const ViewState& state, const std::string& path) {

@@ -10,15 +10,16 @@
 #include "fileops/file_attributes.h"
 #include "fileops/file_system.h"
 #include "fileops/sync_folder.h"
-#include "fileops/uninterrupted.h"
+#include "viewer/descriptor.h"
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 
 namespace bwp {
 namespace {
 
 FileVersion VersionFrom(const struct stat& status) {
-  return {{status.st_dev, status.st_ino}, status.st_size, status.st_mtim};
+  return {IdentityOf(status), status.st_size, status.st_mtim};
 }
 
 // Only a hint: a rename may be refused all the same.
@@ -49,9 +50,7 @@ bool operator==(const FileVersion& one, const FileVersion& other) {
 }
 
 FileVersion VersionOf(const FileSystem::ReadStream& file) {
-  struct stat status = {};
-  if (fstat(file.Descriptor(), &status) != 0) throw RunTimeErrorFromErrno(errno, file.Path());
-  return VersionFrom(status);
+  return VersionFrom(StatusOf(file.Descriptor(), file.Path()));
 }
 
 FileReplacement::FileReplacement(const Disk& disk, const FileSystem::ReadStream& old)

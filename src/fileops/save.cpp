@@ -6,12 +6,10 @@
 #include "fileops/file_system.h"
 #include "fileops/open_file_guard.h"
 #include "fileops/shown_file.h"
-#include "fileops/uninterrupted.h"
 #include "viewer/number_text.h"
 #include "viewer/open_view_file.h"
 #include "viewer/paths.h"
 #include "viewer/refresh.h"
-#include "viewer/run_time_error.h"
 
 namespace bwp {
 namespace {
@@ -46,9 +44,7 @@ bool IsLinkToNothing(const std::string& path) {
 }
 
 void DeleteOld(const ViewState& state, const Disk& disk, const std::string& path) {
-  if (!funzioni::FileExists(path) && !IsLinkToNothing(path)) return;
-  RefuseToDeleteOpenFile(state, path);
-  if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
+  if (funzioni::FileExists(path) || IsLinkToNothing(path)) DeleteUnlessOpen(state, disk, path);
 }
 
 bool IsSaveAs(const SaveTask& task) {

@@ -3,13 +3,13 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <random>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
-#include "fileops/uninterrupted.h"
+#include "viewer/descriptor.h"
 #include "viewer/number_text.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 
 namespace bwp {
 namespace {
@@ -52,9 +52,7 @@ ScratchFile ScratchFile::Create(const Disk& disk, const std::string& prefix) {
 }
 
 std::int64_t ScratchFile::Length() const {
-  struct stat status = {};
-  if (fstat(descriptor_, &status) != 0) throw RunTimeErrorFromErrno(errno, path_);
-  return status.st_size;
+  return StatusOf(descriptor_, path_).st_size;
 }
 
 FileSystem::WriteStream ScratchFile::Writer() const {

@@ -7,9 +7,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "fileops/uninterrupted.h"
+#include "viewer/descriptor.h"
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 #include "viewer/view_file.h"
 
 namespace bwp {
@@ -39,14 +40,8 @@ bool IsNoFile(int errnoValue) {
   return errnoValue == ELOOP || errnoValue == EISDIR || errnoValue == ENXIO || errnoValue == ENODEV;
 }
 
-struct stat StatusOf(const ScratchFile& file) {
-  struct stat status = {};
-  if (fstat(file.Descriptor(), &status) != 0) throw RunTimeErrorFromErrno(errno, file.Path());
-  return status;
-}
-
 void RefuseUnlessTheUsersOwn(const ScratchFile& file) {
-  const struct stat status = StatusOf(file);
+  const struct stat status = StatusOf(file.Descriptor(), file.Path());
   // A second hard link would make it somebody's file under our name.
   if (!S_ISREG(status.st_mode) || status.st_uid != geteuid() || status.st_nlink > 1) {
     throw MakeRunTimeError(kPermissionDenied, file.Path());
@@ -54,8 +49,7 @@ void RefuseUnlessTheUsersOwn(const ScratchFile& file) {
 }
 
 bool StillHasItsName(const ScratchFile& file) {
-  const struct stat status = StatusOf(file);
-  return IdentityOf(file.Path(), false) == FileIdentity{status.st_dev, status.st_ino};
+  return IdentityOf(file.Path(), false) == IdentityOf(StatusOf(file.Descriptor(), file.Path()));
 }
 
 void Lock(const Disk& disk, ScratchFile& file) {

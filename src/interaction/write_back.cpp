@@ -2,66 +2,42 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <utility>
+#include <string_view>
 
-#include "fileops/uninterrupted.h"
+#include "fileops/byte_stream.h"
 #include "interaction/edit_mode.h"
+#include "viewer/descriptor.h"
 #include "viewer/number_text.h"
 #include "viewer/run_time_error.h"
+#include "viewer/uninterrupted.h"
 
 namespace bwp {
 namespace {
 
-// The call's result; throws what stands for its failure.
-template <typename Call>
-auto Checked(const std::string& path, Call call) {
-  const auto result = Uninterrupted(call);
-  if (result < 0) throw RunTimeErrorFromErrno(errno, path);
-  return result;
+// Opened for writing, with nothing of it changed yet. Non-blocking, so that a pipe that took the file's name
+// meanwhile does not hang the program.
+FileSystem::WriteStream OpenForWriting(const Disk& disk, const std::string& path) {
+  const int descriptor = Uninterrupted([&] { return disk.Open(path, O_WRONLY | O_NONBLOCK, 0); });
+  if (descriptor < 0) throw RunTimeErrorFromErrno(errno, path);
+  return {disk, descriptor, path};
 }
 
-// The open file, opened for writing; closed in any case.
-class WritableFile {
- public:
-  WritableFile(const Disk& disk, const std::string& path) : disk_(disk), path_(path) {
-    // Non-blocking, so that a pipe that took the file's name meanwhile does not hang the program.
-    descriptor_ = Checked(path_, [&] { return disk_.Open(path_, O_WRONLY | O_NONBLOCK, 0); });
-  }
-  WritableFile(const WritableFile&) = delete;
-  WritableFile& operator=(const WritableFile&) = delete;
-  ~WritableFile() {
-    if (descriptor_ >= 0) disk_.Close(descriptor_);
-  }
+bool IsWhatIsShown(const ViewState& state, const FileSystem::WriteStream& file) {
+  const struct stat status = StatusOf(file.Descriptor(), file.Path());
+  return IdentityOf(status) == state.file.Identity() && status.st_size == state.FLen;
+}
 
-  bool IsWhatIsShown(const ViewState& state) const {
-    struct stat status = {};
-    if (fstat(descriptor_, &status) != 0) throw RunTimeErrorFromErrno(errno, path_);
-    return FileIdentity{status.st_dev, status.st_ino} == state.file.Identity() &&
-           status.st_size == state.FLen;
+void WriteAt(const Disk& disk, const FileSystem::WriteStream& file, std::int64_t offset,
+             std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t done = Uninterrupted(
+        [&] { return disk.PositionedWrite(file.Descriptor(), bytes.data(), bytes.size(), offset); });
+    if (done < 0) throw RunTimeErrorFromErrno(errno, file.Path());
+    if (done == 0) throw MakeRunTimeError(kDeviceError, file.Path());
+    bytes.remove_prefix(static_cast<std::size_t>(done));
+    offset += done;
   }
-
-  void WriteAt(std::int64_t offset, std::string_view bytes) const {
-    while (!bytes.empty()) {
-      const auto done = static_cast<std::size_t>(Checked(
-          path_, [&] { return disk_.PositionedWrite(descriptor_, bytes.data(), bytes.size(), offset); }));
-      if (done == 0) throw MakeRunTimeError(kDeviceError, path_);
-      bytes.remove_prefix(done);
-      offset += static_cast<std::int64_t>(done);
-    }
-  }
-
-  // What was written counts only once it is on the disk: some systems tell of a failure no sooner than here.
-  void Finish() {
-    Checked(path_, [&] { return disk_.Sync(descriptor_); });
-    if (disk_.Close(std::exchange(descriptor_, -1)) != 0) throw RunTimeErrorFromErrno(errno, path_);
-  }
-
- private:
-  const Disk& disk_;
-  const std::string& path_;
-  int descriptor_ = -1;
-};
+}
 
 }  // namespace
 
@@ -76,10 +52,12 @@ std::string PageBytes(const ViewState& state) {
 }
 
 bool WriteBackPage(const ViewState& state, const Disk& disk) {
-  WritableFile file(disk, state.OpenFile);
-  if (!file.IsWhatIsShown(state)) return false;
-  file.WriteAt(state.SWStart, PageBytes(state));
-  file.Finish();
+  FileSystem::WriteStream file = OpenForWriting(disk, state.OpenFile);
+  if (!IsWhatIsShown(state, file)) return false;
+  WriteAt(disk, file, state.SWStart, PageBytes(state));
+  // What was written counts only once it is on the disk: some systems report a failure no sooner than here.
+  file.Sync();
+  file.Close();
   return true;
 }
 

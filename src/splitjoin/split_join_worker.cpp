@@ -1,11 +1,9 @@
 #include "splitjoin/split_join_worker.h"
 
-#include <cerrno>
 #include <filesystem>
 
 #include "fileops/file_system.h"
 #include "fileops/open_file_guard.h"
-#include "fileops/uninterrupted.h"
 #include "splitjoin/names_text.h"
 #include "splitjoin/part_names.h"
 #include "viewer/number_text.h"
@@ -30,11 +28,6 @@ std::string StepOf(std::int64_t step, std::int64_t steps) {
 WriteStream Create(const ViewState& state, const Disk& disk, const std::string& path) {
   RefuseToOverwriteOpenFile(state, path);
   return {disk, path};
-}
-
-void Delete(const ViewState& state, const Disk& disk, const std::string& path) {
-  RefuseToDeleteOpenFile(state, path);
-  if (Uninterrupted([&] { return disk.Delete(path); }) != 0) throw RunTimeErrorFromErrno(errno, path);
 }
 
 // Compared by identity or, if the first does not exist yet, by path.
@@ -111,7 +104,7 @@ void SplitJoinWorker::DeleteOldParts() {
   for (std::int64_t number = names.first;; ++number) {
     const std::string path = names.Name(number);
     if (!funzioni::FileExists(path)) break;
-    Delete(state_, services_.disk, path);
+    DeleteUnlessOpen(state_, services_.disk, path);
   }
   job_.action = kSplitAction;
   job_.confirmed = true;
@@ -120,7 +113,7 @@ void SplitJoinWorker::DeleteOldParts() {
 void SplitJoinWorker::DeleteDestination() {
   RefuseOwnSource(NamesToJoin());
   job_.confirmed = true;
-  Delete(state_, services_.disk, job_.destination);
+  DeleteUnlessOpen(state_, services_.disk, job_.destination);
   job_.action = kJoinAction;
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <sys/types.h>
 
+#include "viewer/descriptor.h"
+
 namespace bwp {
 
 /// The longest file that is opened: positions are signed 32-bit values.
@@ -21,16 +23,11 @@ struct FileIdentity {
 /// The open file's handle of the page display: positioned reads of a regular file, nothing written.
 class ViewFile {
  public:
-  ViewFile() = default;
-  ViewFile(ViewFile&& other) noexcept;
-  ViewFile& operator=(ViewFile&& other) noexcept;
-  ~ViewFile();
-
   /// Opens the path after closing what was open. Throws the platform's file error; 75 for what is no regular
   /// file.
   void Open(const std::string& path);
-  void Close();
-  bool IsOpen() const { return descriptor_ >= 0; }
+  void Close() { descriptor_.Close(); }
+  bool IsOpen() const { return descriptor_.IsOpen(); }
 
   /// The file's length now, in bytes. Throws as Open does.
   std::int64_t Length() const;
@@ -42,11 +39,13 @@ class ViewFile {
   std::size_t ReadAt(std::int64_t offset, void* bytes, std::size_t count) const;
 
  private:
-  int descriptor_ = -1;
+  Descriptor descriptor_;
   std::string path_;
 };
 
-/// The identity of what stands at a path, links followed or not; nothing when there is nothing.
+FileIdentity IdentityOf(const struct stat& status);
+
+/// The identity of what is at a path, links followed or not; nothing when there is nothing.
 std::optional<FileIdentity> IdentityOf(const std::string& path, bool followLinks = true);
 
 }  // namespace bwp

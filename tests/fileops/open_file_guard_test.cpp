@@ -1,9 +1,12 @@
 #include "fileops/open_file_guard.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <unistd.h>
+#include <utility>
 
 #include "support/child.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 #include "viewer/open_view_file.h"
 #include "viewer/run_time_error.h"
@@ -81,6 +84,28 @@ TEST_F(OpenFileGuard, KeepsTheLastNameHoweverItIsSpelt) {
     bwp::test::MountOnto(folder / "open", folder / "other");
     EXPECT_FALSE(MayDelete(folder / "other"));
   });
+}
+
+// The first call is interrupted.
+class InterruptedOnce : public bwp::Disk {
+ public:
+  int Delete(const std::string& path) const override {
+    if (std::exchange(interrupted_, true)) return Disk::Delete(path);
+    errno = EINTR;
+    return -1;
+  }
+
+ private:
+  mutable bool interrupted_ = false;
+};
+
+TEST_F(OpenFileGuard, DeletesWhatIsNotTheOpenFile) {
+  const InterruptedOnce disk;
+  using bwp::test::ErrorNumberOf;
+  EXPECT_EQ(ErrorNumberOf([&] { DeleteUnlessOpen(state, disk, folder / "open"); }), 70);
+  EXPECT_EQ(ErrorNumberOf([&] { DeleteUnlessOpen(state, disk, folder / "other"); }), 0);
+  EXPECT_EQ(ErrorNumberOf([&] { DeleteUnlessOpen(state, disk, folder / "other"); }), 53);
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"hard", "open", "symbolic"}));
 }
 
 TEST_F(OpenFileGuard, HasNothingToGuardWithoutAnOpenFile) {

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include "viewer/descriptor.h"
+
 namespace bwp {
 
 /// Tells when names come to a folder or go from it. Unlike the toolkit's watcher it takes any path, also one
@@ -12,13 +14,12 @@ namespace bwp {
 class FolderWatch : public QObject {
  public:
   FolderWatch(const std::string& folder, std::function<void()> onChange, QObject* parent = nullptr);
-  ~FolderWatch() override;
 
  private:
   /// Takes the events that wait; what they say does not matter.
   void Drain() const;
 
-  int descriptor_;
+  Descriptor descriptor_;
 };
 
 }  // namespace bwp
