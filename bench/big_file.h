@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// A file of many blocks of the same length, in the page cache, that goes away with the program.
+/// A file of many blocks of the same length, in the page cache, that is deleted with this object.
 class BigFile {
  public:
   static constexpr std::size_t kBlock = 1 << 20;
@@ -40,17 +40,17 @@ class BigFile {
   std::string path_;
 };
 
-/// How long the files are: the first argument in MiB, else 1 GiB.
+/// The length of the files in bytes: the first argument in MiB, or 1 GiB.
 inline std::int64_t LengthFrom(int argc, char** argv) {
   return (argc > 1 ? std::atoll(argv[1]) : 1024) * static_cast<std::int64_t>(BigFile::kBlock);
 }
 
-/// How often each job runs: the second argument, else 7 times.
+/// How often each job runs: the second argument, or 7 times.
 inline int RoundsFrom(int argc, char** argv) {
   return argc > 2 ? std::atoi(argv[2]) : 7;
 }
 
-/// Bytes without a pattern of their own, other ones with every block.
+/// Pseudo-random bytes, different in every block.
 inline void FillMixed(std::string& block) {
   static std::uint64_t mix = 88172645463325252U;
   for (char& byte : block) {

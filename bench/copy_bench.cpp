@@ -1,7 +1,7 @@
-// Copying a file through the streams, against cp of the same file on the same file system, neither with a
-// final sync; what part of such a copy the progress window takes; and how much memory a copy takes above
-// idle. The first argument is the length of the file in MiB (1024 when not given), the second the number of
-// rounds (7).
+// Copying a file through the streams, compared with cp of the same file on the same file system, neither with
+// a final sync; the share of the progress window in such a copy; and how much memory a copy takes above idle.
+// The first argument is the length of the file in MiB (default 1024), the second the number of rounds
+// (default 7).
 
 #include <unistd.h>
 
@@ -21,7 +21,7 @@ using bench::BigFile;
 using FileSystem::ReadStream;
 using FileSystem::WriteStream;
 
-// Copying as a file system that cannot copy by itself would have it done.
+// A disk that cannot copy by itself, so that the streams read and write.
 class PlainDisk : public bwp::Disk {
  public:
   ssize_t CopyRange(int /*from*/, int /*to*/, std::size_t /*count*/) const override { return 0; }

@@ -1,6 +1,6 @@
-// A search for what a file does not hold, against a plain read pass of the same file in the same blocks. The
-// first argument is the length of the files in MiB (1024 when not given), the second the number of rounds
-// (7).
+// A search for something a file does not contain, compared with a plain read pass of the same file in the
+// same blocks. The first argument is the length of the files in MiB (default 1024), the second the number of
+// rounds (default 7).
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -69,13 +69,14 @@ void AddOtherPrograms(std::vector<Job>& jobs, const std::string& path, const std
   }
 }
 
-// The least speeds that are wanted, as multiples of the read pass; 0 where none is set.
+// The target speeds, as multiples of the read pass; 0 for none.
 struct Wanted {
   double thisCase = 0.8;
   double anyCase = 0.6;
 };
 
-// The jobs are the read pass, each pattern with and without case, and from firstOther on the other programs.
+// The jobs are the read pass, then each pattern with and without case, then, from firstOther on, other
+// programs.
 void TellRatios(const std::string& title, const std::vector<Job>& jobs, Wanted wanted,
                 std::size_t firstOther) {
   for (std::size_t i = 1; i < firstOther; ++i) {

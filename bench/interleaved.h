@@ -17,8 +17,7 @@ inline double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-/// The processor time of this program and of those that it started: steadier than the clock on a machine that
-/// does other things too.
+/// The processor time of this program and of those it has started: steadier than the clock on a busy machine.
 inline double ProcessorSeconds() {
   double sum = 0;
   for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
@@ -31,7 +30,7 @@ inline double ProcessorSeconds() {
   return sum;
 }
 
-/// What some work takes by the clock.
+/// How long some work takes by the clock.
 inline double Seconds(const std::function<void()>& work) {
   const auto start = std::chrono::steady_clock::now();
   work();
@@ -55,10 +54,10 @@ struct Job {
   Times times = {};
 };
 
-/// Runs the jobs in turn, so that whatever else the machine does hits all alike. Each round begins with
-/// another job, and every other round goes backwards: no job always follows the same one and pays for what
-/// that has left to be written back. Prints the medians, each with its speed as a multiple of the first
-/// job's, and returns the jobs with what they took.
+/// Runs the jobs in turn, so that whatever else the machine does affects all of them alike. Each pair of
+/// rounds begins with another job, and every other round goes backwards: no job always follows the same one
+/// and pays for pages that one has left to be written back. Prints the medians, each with its speed as a
+/// multiple of the first job's, and returns the jobs with their times.
 inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job> jobs, int rounds) {
   for (std::size_t round = 0; round < static_cast<std::size_t>(rounds); ++round) {
     for (std::size_t turn = 0; turn < jobs.size(); ++turn) {
@@ -80,13 +79,13 @@ inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job
   return jobs;
 }
 
-/// A row with a job's speed as a multiple of another one's.
+/// Prints a row with a job's speed as a multiple of another one's.
 inline void SpeedRow(const std::string& what, const Job& job, const Job& base, const std::string& wanted) {
   Row(what, Number(Median(base.times.seconds) / Median(job.times.seconds)),
       Number(Median(base.times.processor) / Median(job.times.processor)), wanted);
 }
 
-/// A row with a job's time as a multiple of another one's.
+/// Prints a row with a job's time as a multiple of another one's.
 inline void TimeRow(const std::string& what, const Job& job, const Job& base, const std::string& wanted) {
   SpeedRow(what, base, job, wanted);
 }

@@ -16,14 +16,14 @@ inline std::int64_t MemoryOf(const std::string& field) {
   return 0;
 }
 
-/// What the program holds when this is made, the measure of what it takes later on.
+/// The memory that the program holds when this is created, to measure how much more it takes later.
 class IdleMemory {
  public:
   IdleMemory() {
     std::ofstream("/proc/self/clear_refs") << 5;  // forgets the peak so far
     held_ = MemoryOf("VmRSS");
   }
-  /// The most that was held since, above that; in MiB.
+  /// The most memory held since then, above that, in MiB.
   double MostAbove() const { return static_cast<double>(MemoryOf("VmHWM") - held_) / 1024; }
 
  private:

@@ -6,7 +6,7 @@
 #include "viewer/display.h"
 #include "viewer/notices.h"
 
-/// The program's windows where nobody looks at them, so that an operation is measured alone.
+/// Stand-ins for the program's windows that do nothing, so that an operation is measured alone.
 namespace bench {
 
 class NoDisplay : public bwp::Display {

@@ -16,7 +16,7 @@ namespace bench {
 /// Runs a program of the system to its end. Its output goes to that file or, if none is named, nowhere.
 /// Returns its exit status, or -1 if it could not be started or crashed.
 inline int RunProgram(std::vector<std::string> words, const std::string& output = {}) {
-  // Not the null device: grep sees it and stops at the first match.
+  // Not the null device: grep would notice and stop at the first match.
   const std::string file = output.empty() ? "/var/tmp/bytewarp-bench-output" : output;
   std::vector<char*> arguments;
   for (std::string& word : words) arguments.push_back(word.data());
@@ -34,7 +34,7 @@ inline int RunProgram(std::vector<std::string> words, const std::string& output 
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// The same for a program that must succeed: without it, what is measured is worth nothing.
+/// The same, but ends the benchmark if the program fails: its figures would be worthless.
 inline void MustRun(const std::vector<std::string>& words, const std::string& output = {}) {
   if (RunProgram(words, output) == 0) return;
   std::fprintf(stderr, "failed:");

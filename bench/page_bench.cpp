@@ -1,5 +1,5 @@
-// Showing a new page, from the view state to painted pixels, against a bare painter that blits the same 1,056
-// cells from pictures made beforehand; both through a widget's paint event, at device pixel ratio 1 and 2.
+// Showing a new page, from the view state to painted pixels, compared with a bare painter that blits the same
+// 1,056 cells from prepared pictures; both through a widget's paint event, at device pixel ratio 1 and 2.
 
 #include <benchmark/benchmark.h>
 #include <map>
@@ -23,7 +23,7 @@ using bwp::PageTable;
 
 constexpr std::int64_t kFileLength = 1 << 20;
 
-// The grid alone: what else a refresh shows is not measured here.
+// Only the grid: the rest of what a refresh shows is not measured here.
 class TableDisplay : public bench::NoDisplay {
  public:
   TableDisplay(PageTable& table, QImage& target) : table_(table), target_(target) {}
@@ -120,7 +120,7 @@ BENCHMARK(BarePainter)->Apply(Interleaved);
 BENCHMARK(HexPage)->Apply(Interleaved);
 BENCHMARK(DecimalPage)->Apply(Interleaved);
 
-// Tells what the medians make of the limits.
+// Adds the table's rows, from the medians.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {

@@ -1,8 +1,8 @@
-// Whole jobs on a large file that is in the page cache: a save beside cp onto a file that is there, a cut and
-// an insert beside cp to a new name that then takes the old file's place; interleaved runs on one file
-// system, all with the final sync or all without. Prints the medians, the copy's time over the job's (0.9 and
-// more is wanted) and the most memory that a job took above what the program had before it, the Buffer apart
-// (8 MiB at most are wanted).
+// Whole jobs on a large file in the page cache: a save compared with cp onto an existing file, a cut and an
+// insert compared with cp to a new name that then takes the old file's place; interleaved, on one file
+// system, all with the final sync or all without. Prints the copy's time over the job's (the target is at
+// least 0.9) and the most memory that a job took above what the program held before it, not counting the
+// Buffer (at most 8 MiB).
 //
 //   rewrite_bench [FOLDER [MEBIBYTES [RUNS [sync|nosync]]]]
 
@@ -52,7 +52,7 @@ class Bench {
 
   void All() {
     Copy();
-    // The rounds take the jobs in any order: an insert needs a Buffer before the first cut.
+    // The rounds take the jobs in changing order, and an insert may come first: it needs a full Buffer.
     Cut(kMebibyte);
     const std::string title = data_.Path() + ", " + std::to_string(state_.FLen / kMebibyte) + " MiB, " +
                               (sync_ ? "synced" : "not synced");
@@ -82,7 +82,7 @@ class Bench {
     Shell("cp '" + data_.Path() + "' '" + copy_ + "'" + (sync_ ? " && sync '" + copy_ + "'" : ""));
   }
 
-  // The new file complete before the old one goes, as a cut and an insert have it.
+  // Completes the new file before the old one goes, as a cut and an insert do.
   void CopyBeside() const {
     const std::string part = copy_ + ".part";
     Shell("cp '" + data_.Path() + "' '" + part + "'" + (sync_ ? " && sync '" + part + "'" : "") +
@@ -107,7 +107,8 @@ class Bench {
     });
   }
 
-  // Keeps the most that any job took: its peak less what the program held before it and the Buffer it made.
+  // Records the most that any job took: its peak, less what the program held before it and the Buffer it
+  // filled.
   void Watched(const std::function<void()>& job) {
     const auto bufferBefore = static_cast<std::int64_t>(state_.BufferData.size());
     const bench::IdleMemory idle;

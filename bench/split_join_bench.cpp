@@ -1,6 +1,7 @@
-// Splitting a page-cached file and joining its parts, with the progress window up, beside `split -b` and
-// `cat` of the same parts in interleaved rounds; and what one step of the slider costs at 1000 parts. The
-// first argument is the length of the file in MiB (1024 when not given), the second the number of rounds (7).
+// Splitting a page-cached file and joining its parts, with the progress window up, compared with `split -b`
+// and `cat` of the same parts in interleaved rounds; and what one step of the slider costs at 1000 parts. The
+// first argument is the length of the file in MiB (default 1024), the second the number of rounds (default
+// 7).
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,7 +33,7 @@ class NoWindows : public bwp::SplitJoinWindows {
   void HideFjoin() override {}
 };
 
-// A folder for the parts; its path holds no digit, which would be taken for their number.
+// A folder for the parts. Its path has no digit in it, which would be taken for the start of their number.
 class PartsFolder {
  public:
   PartsFolder() {
@@ -59,7 +60,7 @@ class PartsFolder {
   const std::string path_ = "/var/tmp/bytewarp-split-bench/";
 };
 
-// The worker as the program has it, without its windows but the progress window.
+// The worker as the program uses it; of the windows, only the progress window is real.
 class Tool {
  public:
   Tool(const bench::BigFile& file, std::int64_t length) : file_(file) {
@@ -103,8 +104,8 @@ class Tool {
     job_ = {true, bwp::kJoinAction, "\"part.000\"", Result()};
     worker_.Tick();
   }
-  // The bytes of a file that is open stay when its name goes: it is closed first, so that both jobs pay for
-  // letting them go.
+  // A deleted file keeps its bytes while it is open. It is closed first, so that both jobs pay for freeing
+  // them.
   void JoinAndRemove() {
     Join();
     state_.file.Close();

@@ -1,6 +1,6 @@
-// From the start of the process to the first painted page, beside the smallest program of the same toolkit
-// that shows an empty main window: wall time and peak memory, as ratios of interleaved runs. The file shown
-// is a sparse one of the greatest length; without a display the offscreen platform is measured.
+// From the start of the process to the first painted page, compared with the smallest program of the same
+// toolkit that shows an empty main window: wall time and peak memory, as ratios of interleaved runs. The file
+// shown is a sparse one of the greatest length. Without a display, the offscreen platform is measured.
 
 #include <chrono>
 #include <cstdio>
@@ -24,10 +24,10 @@
 
 namespace {
 
-// Where the child says that it has painted.
+// The descriptor on which the child reports that it has painted.
 constexpr int kPaintedDescriptor = 3;
 
-// Says so once the widget was painted, and ends the process.
+// Reports that the widget has been painted, and ends the process.
 class EndAfterPaint : public QObject {
  public:
   explicit EndAfterPaint(QWidget& widget) { widget.installEventFilter(this); }

@@ -5,8 +5,8 @@
 
 namespace bench {
 
-/// A row of the table that bench/run makes of all benchmarks: by the clock and by the processor's time, and
-/// what is wanted. It is made of the lines that begin with a bar.
+/// Prints a row of the table that bench/run collects from all benchmarks: by the clock, by processor time,
+/// and the target. bench/run takes the lines that begin with a bar.
 inline void Row(const std::string& what, const std::string& clock, const std::string& processor,
                 const std::string& wanted) {
   std::printf("| %-58s | %9s | %9s | %-15s |\n", what.c_str(), clock.c_str(), processor.c_str(),

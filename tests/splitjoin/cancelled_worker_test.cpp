@@ -17,8 +17,8 @@ constexpr std::size_t kBlock = 1'048'576;
 
 class CancelledWorker : public bwp::test::SplitJoinWorkerTest {};
 
-// Rounds of events: the one before the parts, then one before and one after each block of each part. A copy
-// that has begun takes one block more; one that begins after the Cancel takes none.
+// Rounds of events: one before the parts, then one before and one after each block of each part. A copy that
+// has begun takes one more block; one that begins after the Cancel takes none.
 TEST_F(CancelledWorker, KeepsThePartsOfASplitThatIsCancelledAtAnyBlock) {
   constexpr std::size_t kPart = kBlock + kBlock / 4;
   const std::string bytes = PatternBytes(2 * kPart);
@@ -59,7 +59,8 @@ TEST_F(CancelledWorker, KeepsThePartsOfASplitThatIsCancelledAtAnyBlock) {
       << "seven rounds are all there are";
 }
 
-// Rounds of events: one before the files, then one a file, one before its copy and one after each block.
+// Rounds of events: one before the files, then for each file one, one before its copy and one after each
+// block.
 TEST_F(CancelledWorker, LeavesTheOpenFileShownWhenAJoinIsCancelledAtAnyBlock) {
   const std::string bytes = PatternBytes(kBlock + 10);
   const std::size_t whole = bytes.size();

@@ -40,7 +40,7 @@ TEST(ClickOrder, DropsTheFirstForAnEntryThatHadNoPlace) {
   EXPECT_EQ(order.Picked(), (Entries{4}));
 }
 
-TEST(ClickOrder, StartsAnew) {
+TEST(ClickOrder, StartsAgainAfterAReset) {
   ClickOrder order;
   order.Click(3, true);
   order.Reset();

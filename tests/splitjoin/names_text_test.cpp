@@ -38,7 +38,7 @@ TEST(QuotedNames, GainTheQuotesThatAreMissing) {
   EXPECT_EQ(QuotedNames("\""), "\"") << "a quote at either end, though it is the same one";
 }
 
-TEST(ParseNames, FindsWhatStandsBetweenQuotes) {
+TEST(ParseNames, FindsWhatIsBetweenQuotes) {
   EXPECT_EQ(ParseNames("\"a.001\""), (Names{"a.001"}));
   EXPECT_EQ(ParseNames("\"c\" \"a b\""), (Names{"c", "a b"}));
   EXPECT_EQ(ParseNames("\"c\"\"a\""), (Names{"c", "a"}));

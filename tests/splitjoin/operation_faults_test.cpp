@@ -11,8 +11,8 @@
 #include "viewer/open_view_file.h"
 #include "viewer/run_time_error.h"
 
-// Every call that changes the disk fails once, one after the other, until the job runs through; what must
-// never be lost is looked at each time.
+// Every call that changes the disk is made to fail once, one after the other, until the job runs through.
+// Each time the test checks what must never be lost.
 namespace {
 
 using bwp::RunTimeError;
@@ -65,7 +65,7 @@ class Trial {
     disk_.FailAt(number, fault);
   }
 
-  // The call that failed, without the folder; empty when the fault did not come to pass.
+  // The call that failed, without the folder; empty if none did.
   std::string Run() {
     const std::size_t descriptors = OpenDescriptors();
     try {
@@ -98,8 +98,8 @@ class Trial {
     return at == std::string::npos ? call : call.erase(at, folder_.Path().size());
   }
 
-  // Where the kernel cannot copy, plain reading and writing goes on; an interruption and a short write are
-  // no failures.
+  // If the kernel cannot copy, plain reading and writing takes over; an interruption and a short write are
+  // not failures.
   void CheckReport() {
     const bool harmless = fault_ == Fault::kInterrupted || fault_ == Fault::kShortWrite;
     const std::string failed = FailedCall();
@@ -116,7 +116,7 @@ class Trial {
     return told == transcript_.end() ? "" : told->substr(5);
   }
 
-  // The names in the folder but for the sources of a join.
+  // The names in the folder, without the sources of a join.
   Names Written() const {
     Names names = folder_.Names();
     std::erase_if(names, [](const std::string& name) { return name.starts_with("x."); });
@@ -141,7 +141,7 @@ class Trial {
     }
   }
 
-  // Those before the one that could not be deleted are gone, the others as they were.
+  // Those before the one that could not be deleted are gone, the others are as they were.
   void CheckOldFiles() {
     Names left = OldFiles();
     std::erase_if(left, [&](const std::string& name) { return folder_ / name < error_->path; });
@@ -149,7 +149,7 @@ class Trial {
     for (const std::string& name : left) EXPECT_EQ(ReadFile(folder_ / name), "old");
   }
 
-  // The earlier parts are whole, the one that failed is a piece or not there, the later ones are not begun.
+  // The earlier parts are whole, the one that failed is incomplete or missing, the later ones are missing.
   void CheckPartsBefore(const std::string& failed) {
     const Names written = Written();
     std::size_t part = 0;

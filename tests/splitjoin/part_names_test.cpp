@@ -88,7 +88,7 @@ TEST(PartNames, HaveThreeDigitsAtMost) {
   EXPECT_EQ(ErrorOf([&names] { names.Name(1000); }), 5);
 }
 
-// Cuts at a place by reading one character after the other.
+// Cuts at a position, reading one character at a time.
 PartNames CutByReading(const std::string& path, std::size_t at) {
   std::int64_t number = 0;
   bool reading = true;
@@ -99,7 +99,7 @@ PartNames CutByReading(const std::string& path, std::size_t at) {
   return {path.substr(0, at), number, path.size() > at + 3 ? path.substr(at + 3) : ""};
 }
 
-// The walk, told one character at a time.
+// The search for the number, one character at a time.
 PartNames WalkedNames(std::string path) {
   std::size_t at = 0;
   while (at + 1 < path.size() && (path[at] < '0' || path[at] > '9')) ++at;
@@ -120,7 +120,7 @@ void RequireSame(const PartNames& names, const PartNames& expected) {
   RC_ASSERT(names.suffix == expected.suffix);
 }
 
-// The name is written by hand, digit by digit.
+// Writes the name digit by digit.
 RC_GTEST_PROP(PartNames, PutTheirNumberBetweenPrefixAndSuffix, ()) {
   const PartNames names{RandomName(), 0, RandomName()};
   const auto number = *rc::gen::inRange(0, 1000);

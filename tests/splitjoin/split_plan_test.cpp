@@ -15,7 +15,7 @@ using bwp::RoundedQuotient;
 using bwp::SplitPlan;
 using bwp::ViewState;
 
-// A view state with a file of that many bytes, marked whole as an opened file is.
+// A view state with a file of that many bytes, all of it marked, as after opening it.
 ViewState FileOf(std::int64_t size) {
   ViewState state;
   state.OpenFile = "/files/f.bin";
@@ -258,7 +258,7 @@ TEST(SplitPlan, RemembersAPresetWhileThePartSizeIsItsOwn) {
   EXPECT_EQ(p.plan.Fields().Preset, -1);
 }
 
-TEST(SplitPlan, LeavesTheFieldsStandingForAnEmptyFile) {
+TEST(SplitPlan, KeepsTheFieldsForAnEmptyFile) {
   Planned p(1000);
   p.plan.EnterDecimalSize("300");
   p.state.FLen = 0;
@@ -307,7 +307,7 @@ RC_GTEST_PROP(RoundedQuotient, IsWhatFloatingPointRoundingGives, ()) {
             std::llrint(static_cast<double>(dividend) / static_cast<double>(divisor)));
 }
 
-// The rule as it is told, one count at a time.
+// The rule applied one count at a time.
 std::int64_t SizeByCounting(std::int64_t fileSize, std::int64_t count) {
   for (;;) {
     const std::int64_t size = std::llrint(static_cast<double>(fileSize) / static_cast<double>(count));

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 class SplitWorker : public bwp::test::SplitJoinWorkerTest {};
 
-TEST_F(SplitWorker, SplitsInStepsThatItTells) {
+TEST_F(SplitWorker, ReportsEveryStep) {
   OpenFileOf(PatternBytes(1000));
   Split("part", 300);
   EXPECT_THAT(folder.Names(), ElementsAre("part.000", "part.001", "part.002", "part.003"));

@@ -18,7 +18,7 @@ namespace bwp::test {
 
 using Names = std::vector<std::string>;
 
-/// A disk that refuses what it is told to.
+/// A disk that refuses what a test tells it to refuse.
 class RefusingDisk : public Disk {
  public:
   int Delete(const std::string& path) const override {
@@ -55,11 +55,11 @@ class RefusingDisk : public Disk {
   int deleteError = 0;
   int openError = 0;
   mutable int opensBeforeError = 0;
-  mutable ssize_t room = -1;  // Bytes that the disk still takes; negative for no end.
-  bool holes = false;         // Copies inside the kernel are holes: long files that take no time.
+  mutable ssize_t room = -1;  // How many bytes the disk still takes; negative for any number.
+  bool holes = false;         // Copies inside the kernel only make holes, so that long files take no time.
 };
 
-/// A worker with its plan and job, windows that only record what they are told, and a folder for the parts.
+/// A worker with its plan and job, windows that only record calls, and a folder for the parts.
 class SplitJoinWorkerTest : public testing::Test, protected SplitJoinWindows {
  protected:
   void HideDivide() override { transcript.push_back("hide Divide"); }
@@ -73,7 +73,7 @@ class SplitJoinWorkerTest : public testing::Test, protected SplitJoinWindows {
     job = {true, action, names, destination.empty() ? "" : folder / destination};
     state.LastFolder = folder.Path();
   }
-  // Ticks as the timer does until nothing is confirmed any more.
+  // Ticks until nothing is confirmed any more, as the timer does.
   void RunToEnd() {
     while (job.confirmed) worker.Tick();
   }

@@ -6,8 +6,8 @@
 
 #include "end_to_end/support/real_program.h"
 
-/// Makes the pictures of the documentation from the real program: one test a picture, which fails when the
-/// window does not come.
+/// Takes the pictures for the documentation from the real program: one test per picture, which fails if the
+/// window does not appear.
 namespace {
 
 using bwp::test::Until;
@@ -28,9 +28,9 @@ class Pictures : public bwp::test::RealProgram {
     ExpectFocusOnMainWindow();
   }
 
-  /// The picture of the window whose title starts so, with its frame, once it stands still.
+  /// Takes a picture of the window whose title starts like this, with its frame, once it no longer changes.
   void Take(const std::string& title, const std::string& name) const {
-    // The pointer would light up what it stands on.
+    // The pointer would highlight the control under it.
     desktop_.MoveTo(1, 1);
     const std::string window = WindowId(title);
     ASSERT_FALSE(window.empty()) << title;
@@ -43,7 +43,7 @@ class Pictures : public bwp::test::RealProgram {
       std::filesystem::rename(picture, before);
       return same;
     })) << name
-        << " does not stand still";
+        << " keeps changing";
     Keep(before, name);
   }
 
@@ -98,7 +98,7 @@ TEST_F(Pictures, Save) {
   Take("Save File as..", "save");
 }
 
-// A picture of work that goes on: the program is stopped while it is taken.
+// A picture of work in progress: the program is stopped while it is taken.
 TEST_F(Pictures, Progress) {
   const int file = open(File("two-gigabytes.bin").c_str(), O_WRONLY | O_CREAT, 0600);
   ASSERT_EQ(ftruncate(file, off_t{2'147'483'647}), 0);

@@ -92,7 +92,7 @@ TEST_F(Divide, HasItsControlsUnderTheirNames) {
   }
 }
 
-TEST_F(Divide, BearsItsNameUntilItHasAPlan) {
+TEST_F(Divide, IsTitledByItsNameUntilItHasAPlan) {
   const bwp::Divide unseen(plan, nullptr);
   EXPECT_EQ(unseen.windowTitle(), QStringLiteral("Split and join tool"));
 }
@@ -332,7 +332,7 @@ TEST_F(Divide, KeepsItsSmallestSizeAndFitsSliderAndFrame) {
   EXPECT_EQ(Find<QWidget>("Division").width(), 900 - 31);
 }
 
-TEST_F(Divide, PlansAndDrawsAnewWhenItIsResized) {
+TEST_F(Divide, PlansAndDrawsAgainWhenItIsResized) {
   Enter("DChsize", "500");
   state.FLen = 400;
   form.resize(900, 500);
@@ -363,7 +363,7 @@ TEST_F(Divide, ClearsThePictureWhenItIsActivatedOnAnEmptyFile) {
   EXPECT_EQ(middle(Picture()), form.palette().color(QPalette::Base));
 }
 
-TEST_F(Divide, PlansAnewWhenItIsActivatedAfterAnotherFileWasOpened) {
+TEST_F(Divide, PlansAgainWhenItIsActivatedAfterAnotherFileWasOpened) {
   state.FLen = 400;
   QEvent activation(QEvent::WindowActivate);
   QApplication::sendEvent(&form, &activation);
@@ -383,7 +383,7 @@ TEST_F(Divide, SplitsNothingWithoutBytes) {
   EXPECT_FALSE(Find<QPushButton>("Split").isEnabled());
 }
 
-TEST_F(Divide, TellsOfItsButtonsAndHidesOnCancel) {
+TEST_F(Divide, ReportsItsButtonsAndHidesOnCancel) {
   int splits = 0;
   int joins = 0;
   QObject::connect(&form, &bwp::Divide::SplitClicked, [&splits] { ++splits; });

@@ -64,7 +64,7 @@ TEST_F(Fjoin, DropsTheFirstForARangesFileThatIsUnselected) {
   EXPECT_EQ(Names(), "\"c\" ");
 }
 
-TEST_F(Fjoin, StartsTheOrderAnewInAnotherFolder) {
+TEST_F(Fjoin, StartsTheOrderAgainInAnotherFolder) {
   folder_.Write("a", "a");
   ASSERT_TRUE(QDir(QString::fromStdString(folder_.Path())).mkdir(QStringLiteral("inner")));
   folder_.Write("inner/b", "b");
@@ -76,7 +76,7 @@ TEST_F(Fjoin, StartsTheOrderAnewInAnotherFolder) {
   EXPECT_EQ(Names(), "\"b\" ");
 }
 
-TEST_F(Fjoin, KeepsATypedTextWhenTheListIsFilledAnew) {
+TEST_F(Fjoin, KeepsATypedTextWhenTheListIsRefilled) {
   folder_.Write("a.001", "one");
   Press("Divide", "Join");
   ClickRow(Files("Fjoin"), "a.001");
@@ -94,7 +94,7 @@ TEST_F(Fjoin, PassesAnEmptyDestinationOnAsTheFolder) {
   EXPECT_EQ(Question(), "Join files as " + folder_.Path() + " ? ");
 }
 
-TEST_F(Fjoin, StartsTheOrderAnewWhenTheListIsFilled) {
+TEST_F(Fjoin, StartsTheOrderAgainWhenTheListIsFilled) {
   for (const char* name : {"a", "b"}) folder_.Write(name, name);
   Press("Divide", "Join");
   ClickRow(Files("Fjoin"), "b");

@@ -89,7 +89,7 @@ TEST_F(SplitJoinTool, IsDrawnAtTheScaleOfTheScreen) {
   }
 }
 
-// The scale is the process's: these tests once more, in another one.
+// The scale belongs to the process, so these tests run once more in another one.
 
 TEST(SplitJoinForms, AreTidyAtTwiceTheScale) {
   QProcess process;

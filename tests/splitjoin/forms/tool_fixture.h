@@ -16,7 +16,7 @@
 
 namespace bwp::test {
 
-/// The tool as the main form has it, with a file of 1000 bytes open and a folder for what is split or joined.
+/// The tool as the main form uses it, with a file of 1000 bytes open and a folder for parts and results.
 class SplitJoinToolTest : public testing::Test {
  protected:
   SplitJoinToolTest() {
@@ -25,7 +25,7 @@ class SplitJoinToolTest : public testing::Test {
     tool_.Show();
   }
 
-  // A form of the tool by its name; null before it is made.
+  // A form of the tool by its name; null before it is created.
   QWidget* Form(const char* name) { return owner_.findChild<QWidget*>(QLatin1String(name)); }
   bool Visible(const char* name) { return Form(name) != nullptr && Form(name)->isVisible(); }
   template <typename Control>
