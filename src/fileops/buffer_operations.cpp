@@ -123,8 +123,8 @@ void PutIntoBuffer(ViewState& state, std::string& chunk, bool isCut) {
   state.BufferIsCut = isCut;
 }
 
-// Puts the written content under the file's name; nothing, told, when that was cancelled or another program
-// changed the file.
+// Puts the written content under the file's name. When that was cancelled or another program changed the
+// file, it reports so and returns nothing.
 std::optional<FileReplacement::Outcome> PutInPlace(ViewState& state, const Services& services,
                                                    FileReplacement& replacement, ScratchFile& content,
                                                    const std::string& aborted) {
@@ -144,9 +144,9 @@ std::optional<FileReplacement::Outcome> PutInPlace(ViewState& state, const Servi
   return std::nullopt;
 }
 
-// Goes on with the file under the name that it has now. A new name is told before anything can end the
-// program, and after the wait for the folder, because the message may be left unread for hours. The message
-// names the cause in two spellings.
+// Goes on with the file under the name that it has now. A new name is reported before anything can end the
+// program, but after the wait for the folder: the message may be left unread for hours. It comes in two
+// spellings of the cause.
 void ShowRewritten(ViewState& state, const Services& services, const FileReplacement& replacement,
                    FileReplacement::Outcome outcome, const std::string& cause) {
   std::exception_ptr failure;

@@ -5,10 +5,10 @@
 #include "fileops/services.h"
 #include "viewer/view_state.h"
 
-/// The Buffer's operations. Each shows its progress, can be cancelled, ends with what was done told, and
-/// leaves the marks and the page start alone. A rewritten file takes its name by one rename, see
-/// FileReplacement. They throw the platform's file errors; the open file is then whole, old or new, and the
-/// bytes that were cut are still in the Buffer or in the file. The main form must take no input meanwhile.
+/// The Buffer's operations. Each shows its progress, can be cancelled, reports its end, and leaves the marks
+/// and the page start alone. A rewritten file takes its name by one rename, see FileReplacement. They throw
+/// RunTimeError; the open file is then whole, old or new, and the bytes that were cut are still in the Buffer
+/// or in the file. The main form must take no input meanwhile.
 namespace bwp {
 
 /// Copies the chunk's bytes into the Buffer.

@@ -84,7 +84,7 @@ std::size_t ByteFinder::Find(std::string_view text, std::size_t from) {
   return kNone;
 }
 
-// Where those bytes of the pattern stand that the text holds least of, the rarest first.
+// The places of those bytes of the pattern that are rarest in the text, the rarest first.
 std::vector<std::size_t> ByteFinder::RarePlaces(std::string_view text) const {
   std::array<std::size_t, 256> count{};
   for (std::size_t i = 0, n = 0; i < text.size() && n < kSamples; i += kSampleDistance, ++n) {
@@ -134,7 +134,7 @@ std::size_t ByteFinder::LastMismatch(const char* text) const {
 }
 
 // The failure table says, for a number of matching bytes, how many of them match when the pattern is moved on
-// as little as possible; so no byte of the text is looked at anew.
+// as little as possible; so no byte of the text is looked at twice.
 std::size_t ByteFinder::FindByTable(std::string_view text, std::size_t from) {
   const auto advance = [this](std::size_t matching, unsigned char byte) {
     while (matching > 0 && static_cast<unsigned char>(pattern_[matching]) != byte) {

@@ -11,9 +11,9 @@
 
 namespace FileSystem {
 
-/// Finds one pattern in any number of texts, in a time that grows with the text alone. Two bytes of the
-/// pattern that are rare in the text are looked for, many positions at once; where both stand, the rest is
-/// compared. A text in which too much is compared in vain is searched on byte by byte with a failure table.
+/// Finds one pattern in any number of texts, in a time that grows with the text alone. It looks for
+/// two bytes of the pattern that are rare in the text, many positions at once, and compares the rest where
+/// both are found. When too many comparisons fail, it goes on byte by byte with a failure table.
 class ByteFinder {
  public:
   static constexpr std::size_t kNone = std::string_view::npos;
@@ -21,7 +21,7 @@ class ByteFinder {
   /// The pattern must hold at least one byte. Case is that of the program's character set.
   ByteFinder(std::string_view pattern, bool ignoreCase);
 
-  /// Where the first match at or behind `from` begins; kNone when there is none.
+  /// Where the first match at or after `from` begins; kNone when there is none.
   std::size_t Find(std::string_view text, std::size_t from);
 
  private:
@@ -35,7 +35,7 @@ class ByteFinder {
   std::array<unsigned char, 256> fold_{};  // each byte as the comparison sees it
   std::array<unsigned char, 256> mask_{};  // the bits in which the two cases of a folded byte differ
   std::string pattern_;                    // folded
-  std::array<std::size_t, 256> last_{};    // behind the last place of each byte in the pattern, 0 for none
+  std::array<std::size_t, 256> last_{};    // one past the last place of each byte in the pattern, 0 for none
   std::vector<std::size_t> places_;        // the last place of each different byte
   BytePair pair_{};                        // what is looked for
   unsigned searched_ = 0;                  // how many texts were

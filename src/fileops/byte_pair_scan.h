@@ -24,7 +24,7 @@ struct BytePair {
 };
 
 /// The first position from `from` on, before `end`, where the pair fits; `end` when there is none. The text
-/// reaches at least to the larger offset behind the last position.
+/// must reach at least the larger offset beyond the last position.
 std::size_t ScanForPair(const BytePair& pair, const unsigned char* text, std::size_t from, std::size_t end);
 
 /// Every way that this processor has to do it, the fastest first; ScanForPair is the first of them.

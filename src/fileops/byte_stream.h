@@ -15,11 +15,11 @@ namespace FileSystem {
 class ReadStream {
  public:
   ReadStream() = default;
-  /// Opens the path. Throws the platform's file error; 75 for what is no regular file.
+  /// Opens the path. Throws RunTimeError; 75 for what is no regular file.
   explicit ReadStream(const std::string& path);
 
-  /// Reads the next count bytes; returns how many there were, fewer only at the end of the file. Throws the
-  /// platform's file error.
+  /// Reads the next count bytes; returns how many there were, fewer only at the end of the file. Throws
+  /// RunTimeError.
   std::size_t Read(void* bytes, std::size_t count);
   /// As Read, but throws 62 when there were fewer: for bytes that the known length promised.
   void ReadAll(void* bytes, std::size_t count);
@@ -41,22 +41,22 @@ class ReadStream {
 /// A file that is written from its start on. Every change goes through the table of disk calls.
 class WriteStream {
  public:
-  /// Creates the file, or empties the one that is there. Throws the platform's file error; 75 for what is no
-  /// regular file.
+  /// Creates the file, or empties the one that is there. Throws RunTimeError; 75 for what is no regular
+  /// file.
   WriteStream(const bwp::Disk& disk, const std::string& path);
   /// Takes over a descriptor that was opened for writing; the path is for the reports.
   WriteStream(const bwp::Disk& disk, int descriptor, std::string path);
   WriteStream(WriteStream&& other) noexcept;
   WriteStream& operator=(WriteStream&&) = delete;
-  /// Closes without a check; whoever needs to know calls Close.
+  /// Closes without a check; a caller that needs one calls Close.
   ~WriteStream();
 
-  /// Writes all of the bytes. Throws the platform's file error; 61 when the disk takes no more.
+  /// Writes all of the bytes. Throws RunTimeError; 61 when the disk takes no more.
   void Write(std::string_view bytes);
   /// Writes the source's next count bytes, inside the kernel where it can. Throws as Write does, and 62 when
   /// the source holds fewer.
   void WriteFrom(ReadStream& source, std::size_t count);
-  /// Comes back when the content is on the disk. Throws the platform's file error.
+  /// Returns when the content is on the disk. Throws RunTimeError.
   void Sync();
   /// Throws when the system says only now that something was not written; the stream is closed all the same.
   void Close();

@@ -28,9 +28,9 @@ class Disk {
   virtual int SetAttribute(int descriptor, const char* name, const void* value, std::size_t size) const;
   virtual int RemoveAttribute(int descriptor, const char* name) const;
   virtual int Rename(const std::string& from, const std::string& to) const;
-  /// renameat2(2) with RENAME_NOREPLACE: fails with EEXIST where `to` stands already.
+  /// renameat2(2) with RENAME_NOREPLACE: fails with EEXIST when `to` exists.
   virtual int RenameNew(const std::string& from, const std::string& to) const;
-  /// link(2): a further name for the file; fails with EEXIST where `to` stands already.
+  /// link(2): a further name for the file; fails with EEXIST when `to` exists.
   virtual int Link(const std::string& from, const std::string& to) const;
   virtual int Delete(const std::string& path) const;
 };

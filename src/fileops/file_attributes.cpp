@@ -54,7 +54,7 @@ void CopyOwnerAndMode(const Files& files) {
   if (!groupKept) groupKept = GiveOwner(files, kUnchanged, old.st_gid);
 
   mode_t mode = ModeOf(old);
-  // What ran or was read as somebody must not do so as somebody else.
+  // Rights that were given to the old owner or group must not pass to another one.
   if (!ownerKept) mode &= ~static_cast<mode_t>(S_ISUID);
   if (!groupKept) mode = (mode & ~static_cast<mode_t>(S_ISGID | S_IRWXG)) | ((mode & S_IRWXO) << 3U);
   // Not every file system has modes to change.

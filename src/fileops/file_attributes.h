@@ -7,8 +7,8 @@
 namespace bwp {
 
 /// Gives the file of one descriptor the owner (where that is allowed), the mode and the extended attributes,
-/// access lists among them, of another's. Throws the platform's file error, about the path, when something
-/// that belongs to the user cannot be carried over.
+/// access lists among them, of another's. Throws RunTimeError, about the path, when something that belongs to
+/// the user cannot be carried over.
 void CopyAttributes(const Disk& disk, int from, int to, const std::string& path);
 
 }  // namespace bwp

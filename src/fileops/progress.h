@@ -4,7 +4,7 @@
 
 namespace bwp {
 
-/// How a long operation shows where it stands and hears of Cancel: `Progform` in the program, a recorder in
+/// How a long operation shows its progress and learns of Cancel: `Progform` in the program, a recorder in
 /// the tests.
 class Progress {
  public:

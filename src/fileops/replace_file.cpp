@@ -68,8 +68,8 @@ void FileReplacement::Discard(ScratchFile& content) {
   content.Delete();
 }
 
-// The content gets the old file's mode only beside it, under a hidden name: that mode may count on a folder
-// that lets nobody in, which the temporary file's folder does.
+// The old file's mode may rely on the file's folder to keep others out, and the temporary file's folder does
+// not. So the content gets that mode only beside the old file, under a hidden name.
 void FileReplacement::Stage(const std::string& folder, Progress* progress) {
   staged_.emplace(ScratchFile::Create(disk_, folder + ".bytewarp-"));
   // The long wait for the disk: what a power cut leaves of the temporary file, the next one writes over.

@@ -21,7 +21,7 @@ struct FileVersion {
   friend bool operator==(const FileVersion& one, const FileVersion& other);
 };
 
-/// The version of the file that a stream reads. Throws the platform's file error.
+/// The version of the file that a stream reads. Throws RunTimeError.
 FileVersion VersionOf(const FileSystem::ReadStream& file);
 
 /// Puts complete new content under a file's name by one rename: at every instant, also of a crash or a power
@@ -31,12 +31,12 @@ class FileReplacement {
  public:
   enum class Outcome {
     kReplaced,      ///< The name holds the new content.
-    kStandsAsNew,   ///< The name cannot be replaced; the new content stands under it plus ".new".
+    kStandsAsNew,   ///< The name cannot be replaced; the new content has that name plus ".new".
     kTargetChanged  ///< Another program changed the file meanwhile; nothing was replaced.
   };
 
   /// The stream reads the file that is to be replaced and outlives this object; its path becomes the target.
-  /// Throws the platform's file error.
+  /// Throws RunTimeError.
   FileReplacement(const Disk& disk, const FileSystem::ReadStream& old);
 
   /// The file as it was when this object was made.
@@ -44,19 +44,18 @@ class FileReplacement {
 
   /// Brings the new content, which must stay until Commit, to where only a rename is missing: on the disk,
   /// with the old file's attributes, under a hidden name beside it. Copying it there from another file system
-  /// takes steps of the progress and ends on Cancel; nothing is done after Cancel. Throws the platform's file
-  /// error.
+  /// takes steps of the progress and ends on Cancel; nothing is done after Cancel. Throws RunTimeError.
   void Prepare(Progress& progress, ScratchFile& content);
 
-  /// Gives up what was prepared and deletes the content. Throws the platform's file error.
+  /// Gives up what was prepared and deletes the content. Throws RunTimeError.
   void Discard(ScratchFile& content);
 
-  /// The rename. Throws the platform's file error with nothing changed; 58 when the ".new" name is taken; the
+  /// The rename. Throws RunTimeError with nothing changed; 58 when the ".new" name is taken; the
   /// content is then kept in the temporary file, as the error's note says.
   Outcome Commit();
 
-  /// Makes the rename last through a power cut. Throws the platform's file error; the name holds the new
-  /// content all the same.
+  /// Makes the rename outlast a power cut. Throws RunTimeError; the name holds the new content all the
+  /// same.
   void SyncFolder() const;
 
  private:

@@ -9,7 +9,7 @@ namespace bwp {
 
 /// What became of the Buffer when the program had to end.
 struct BufferRescue {
-  std::string path;  ///< Where the bytes stand now; empty when there was nothing to rescue or no way to.
+  std::string path;  ///< Where the bytes are now; empty when there was nothing to rescue or no way to.
   std::string note;  ///< The sentence about it for the report; empty when there was nothing to rescue.
 };
 

@@ -56,7 +56,7 @@ std::int64_t LastByteOf(const ViewState& state, std::int64_t to) {
   return funzioni::MinOf({to, state.FLen - 1});
 }
 
-// False, told, when there is nothing to save or another program changed the file.
+// Reports it and returns false when there is nothing to save or another program changed the file.
 bool CanSave(ViewState& state, const Services& services, const SaveTask& task) {
   if (!HoldsWhatIsShown(state, VersionOf(FileSystem::ReadStream(state.OpenFile)))) {
     TellChanged(state, services);

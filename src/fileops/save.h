@@ -9,7 +9,7 @@
 
 namespace bwp {
 
-/// What `Saver` was shown for. Its caption tells a Save As from the saving of a chunk.
+/// What `Saver` was shown for. The caption distinguishes a Save As from saving a chunk.
 struct SaveTask {
   std::string caption;
   std::int64_t from = 0;  ///< First byte to save, zero-based.
@@ -31,8 +31,8 @@ void SaveOntoListedFile(ViewState& state, const Services& services, const SaveTa
                         const std::string& name);
 
 /// Saves bytes of the open file under another name, replacing what is there; all of them when no range is
-/// given. Cancel leaves a short file. Throws the platform's file error, 70 for a name that the open file
-/// needs; what was written is then removed again.
+/// given. Cancel leaves a short file. Throws RunTimeError, 70 for a name that the open file needs; what was
+/// written is then removed again.
 void SaveChunk(const ViewState& state, const Services& services, const std::string& destination,
                std::optional<std::int64_t> from = std::nullopt,
                std::optional<std::int64_t> to = std::nullopt);

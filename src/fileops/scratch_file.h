@@ -8,8 +8,8 @@
 
 namespace bwp {
 
-/// A file that the program writes on its way to somewhere: it vanishes with this object, however that comes
-/// about, unless Leave was called.
+/// A file that is written on the way to somewhere else: it is deleted with this object, whatever ends that,
+/// unless Leave was called.
 class ScratchFile {
  public:
   /// Takes over a file that was opened for writing, and its descriptor.
@@ -19,7 +19,7 @@ class ScratchFile {
   ~ScratchFile();
 
   /// A new file that the user alone may read, under the prefix and letters that make the name unique. Throws
-  /// the platform's file error.
+  /// RunTimeError.
   static ScratchFile Create(const Disk& disk, const std::string& prefix);
 
   const std::string& Path() const { return path_; }
@@ -28,9 +28,9 @@ class ScratchFile {
 
   /// Writes on the file; it can be closed, and the close be checked, while the file's lock stays held here.
   FileSystem::WriteStream Writer() const;
-  /// Comes back when everything is on the disk. Throws the platform's file error.
+  /// Returns when everything is on the disk. Throws RunTimeError.
   void Sync() const;
-  /// Deletes it now. Throws the platform's file error.
+  /// Deletes it now. Throws RunTimeError.
   void Delete();
   /// Ends it before this object does: deletes it if it is still ours and gives up its lock.
   void Release();

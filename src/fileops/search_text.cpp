@@ -11,7 +11,7 @@ void SearchText::FillWithBlanks(std::size_t count) {
   length_ = count;
 }
 
-// The tail moves to the front and the new block is read behind it: nothing else is ever copied.
+// The tail moves to the front and the new block is read after it: nothing else is ever copied.
 void SearchText::ReadBlock(ByteSource& source, std::size_t tailLength, std::size_t blockLength) {
   const std::size_t tail = std::min(tailLength, length_);
   const std::size_t place = (tail + sizeof(Line) - 1) / sizeof(Line) * sizeof(Line);

@@ -15,7 +15,7 @@ class SearchText {
   std::string_view View() const { return {Bytes() + start_, length_}; }
   /// That many blanks and nothing else.
   void FillWithBlanks(std::size_t count);
-  /// Keeps at most tailLength characters of the end and reads a block behind them; what of it there was.
+  /// Keeps at most tailLength characters of the end and reads a block after them, or what there is of it.
   void ReadBlock(ByteSource& source, std::size_t tailLength, std::size_t blockLength);
   /// How many bytes of memory it takes.
   std::size_t Capacity() const { return lines_.capacity() * sizeof(Line); }

@@ -13,11 +13,11 @@ bool IsAsShown(const ViewState& state, const FileVersion& version);
 /// It is the same file and no shorter than shown: its bytes may be copied.
 bool HoldsWhatIsShown(const ViewState& state, const FileVersion& version);
 
-/// Tells that it was changed and shows it as it is now; what it holds past the limit is told and not shown.
-/// Throws the platform's file error.
+/// Reports that it was changed and shows it as it is now, up to the limit, which is reported too when it is
+/// exceeded. Throws RunTimeError.
 void TellChanged(ViewState& state, const Services& services);
 
-/// Tells that the chunk lies past the end of the file.
+/// Reports that the chunk lies past the end of the file.
 void TellNoByte(Notices& notices);
 
 }  // namespace bwp

@@ -17,7 +17,7 @@ enum class Compare {
   kIgnoreCase  ///< By the folding of the program's character set.
 };
 
-/// Where a search stands between the calls that continue it.
+/// What a search remembers between the calls that continue it.
 struct SearchState {
   SearchText text;            ///< What is held of the file.
   std::int64_t found = 0;     ///< 1-based position in text of the last match, 0 when none is pending.
@@ -25,12 +25,12 @@ struct SearchState {
 };
 
 /// Finds the next occurrence of the pattern (not empty) in the first count bytes (at least one) that the
-/// source gives. With restart the search begins anew, on a source that stands at its start; without, it goes
-/// on behind the start of the last match. Returns the 1-based position of the match in the searched range, or
+/// source gives. With restart the search begins again, on a source at its start; without, it goes
+/// on after the start of the last match. Returns the 1-based position of the match in the searched range, or
 /// -1. After each block it moves the bar and lets events run; when Cancel was pressed, the result must not be
 /// used.
 ///
-/// Two oddities belong to it: a new search begins behind as many blanks as the pattern has characters, so
+/// Two oddities belong to it: a new search begins after as many blanks as the pattern has characters, so
 /// that a pattern of blanks can be found at 0 or before; and a match that ends with its block is reported
 /// twice.
 std::int64_t StreamFind(bwp::Progress& progress, SearchState& state, ByteSource& source,

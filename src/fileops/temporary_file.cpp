@@ -42,7 +42,7 @@ bool IsNoFile(int errnoValue) {
 
 void RefuseUnlessTheUsersOwn(const ScratchFile& file) {
   const struct stat status = StatusOf(file.Descriptor(), file.Path());
-  // A second hard link would make it somebody's file under our name.
+  // With a second hard link it is a file of some other use too.
   if (!S_ISREG(status.st_mode) || status.st_uid != geteuid() || status.st_nlink > 1) {
     throw MakeRunTimeError(kPermissionDenied, file.Path());
   }

@@ -14,8 +14,8 @@ std::string TemporaryFolder();
 std::string TemporaryPath();
 
 /// Creates the temporary file, or empties the one that an earlier run left, and locks it against other
-/// running copies of the program. Throws error 76 when its folder is missing, 70 when what has its name is a
-/// link, no regular file, not the user's own or in use, else the platform's file error.
+/// running copies of the program. Throws RunTimeError: 76 when its folder is missing, 70 when what has its
+/// name is a link, no regular file, not the user's own or in use, else for the call that failed.
 ScratchFile OpenTemporaryFile(const Disk& disk);
 
 }  // namespace bwp

@@ -8,7 +8,7 @@
 
 namespace bwp {
 
-/// The form that asks whether to go ahead. Nobody waits for it: whoever asks looks at the answer later.
+/// The form that asks whether to go ahead. It does not block: the caller looks at the answer later.
 class Dialog : public QDialog {
  public:
   /// `answer` is where OK leaves true and Cancel false; nothing else ever writes it here. Escape is Cancel.

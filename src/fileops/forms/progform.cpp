@@ -33,7 +33,7 @@ Progform::Progform(QWidget* parent)
   bar_->setValue(0);
   lab_->setObjectName(QStringLiteral("Lab"));
   lab_->setAccessibleName(QStringLiteral("Current step"));
-  // What stands below each other lines up.
+  // So that lines below each other line up.
   lab_->setFont(CellFont());
   auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
   cancel->setObjectName(QStringLiteral("Cancel"));

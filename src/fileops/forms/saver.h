@@ -5,8 +5,8 @@
 
 namespace bwp {
 
-/// The dialog that saves a range of the open file under another name. Its caption tells what kind of save is
-/// under way.
+/// The dialog that saves a range of the open file under another name. Its caption says what kind of save
+/// is under way.
 class Saver : public FileDialog {
  public:
   Saver(ViewState& state, const Services& services, QWidget* parent);
