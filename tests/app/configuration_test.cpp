@@ -9,22 +9,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/errors.h"
 #include "support/temp_folder.h"
-#include "viewer/run_time_error.h"
 
 namespace {
 
 using bwp::Configuration;
+using bwp::test::ErrorNumberOf;
 using bwp::test::ReadFile;
 using bwp::test::TempFolder;
 
-int ErrorOf(const std::string& text) {
-  try {
-    bwp::ReadConfiguration(text);
-  } catch (const bwp::RunTimeError& error) {
-    return error.number;
-  }
-  return 0;
+int ErrorOfText(const std::string& text) {
+  return ErrorNumberOf([&] { bwp::ReadConfiguration(text); });
 }
 
 TEST(Configuration, OfTheDefaultsIsExactlyThisLine) {
@@ -59,7 +55,7 @@ TEST(Configuration, GivesAFolderItsSeparator) {
 TEST(Configuration, ThatEndsTooEarlyIsInputPastTheEnd) {
   for (const char* text :
        {"", "\n", "#TRUE#", "#TRUE#,4", "#TRUE#,4,", "#TRUE#,4,\n", "#TRUE#,4,\"", "#TRUE#,4,\"/"}) {
-    EXPECT_EQ(ErrorOf(text), 62) << text;
+    EXPECT_EQ(ErrorOfText(text), 62) << text;
   }
 }
 
@@ -67,26 +63,22 @@ TEST(Configuration, WithAWrongFieldIsATypeMismatch) {
   for (const char* text :
        {"TRUE,4,\"/\"\n", "#true#,4,\"/\"\n", ",4,\"/\"\n", "#TRUE#,x,\"/\"\n", "#TRUE#,,\"/\"\n",
         "#TRUE#,4.5,\"/\"\n", "#TRUE#,4,/home\n", "#TRUE#,4,\"/\"x\n"}) {
-    EXPECT_EQ(ErrorOf(text), 13) << text;
+    EXPECT_EQ(ErrorOfText(text), 13) << text;
   }
 }
 
 TEST(Configuration, WithANumberBeyond16BitsOverflows) {
-  EXPECT_EQ(ErrorOf("#TRUE#,32768,\"/\"\n"), 6);
-  EXPECT_EQ(ErrorOf("#TRUE#,-32769,\"/\"\n"), 6);
+  EXPECT_EQ(ErrorOfText("#TRUE#,32768,\"/\"\n"), 6);
+  EXPECT_EQ(ErrorOfText("#TRUE#,-32769,\"/\"\n"), 6);
   EXPECT_EQ(bwp::ReadConfiguration("#TRUE#,32767,\"/\"\n").acceleration, 32767);
 }
 
 TEST(Configuration, ThatCannotBeReadIsNamedAndNotTouched) {
   const TempFolder folder;
   const std::string path = folder.Write("Bytewarp.cfg", "rubbish");
-  try {
-    bwp::LoadConfiguration(path);
-    FAIL() << "rubbish was read";
-  } catch (const bwp::RunTimeError& error) {
-    EXPECT_EQ(error.number, 62);
-    EXPECT_EQ(error.path, path);
-  }
+  const bwp::RunTimeError error = bwp::test::ErrorOf([&] { bwp::LoadConfiguration(path); });
+  EXPECT_EQ(error.number, 62);
+  EXPECT_EQ(error.path, path);
   EXPECT_EQ(ReadFile(path), "rubbish");
 }
 
@@ -160,12 +152,8 @@ TEST(Configuration, IsWrittenInPlaceWhereTheFolderTakesNoNewFiles) {
 
 TEST(Configuration, SavingIntoAMissingFolderIsPathNotFound) {
   const TempFolder folder;
-  try {
-    bwp::SaveConfiguration(bwp::Disk(), folder / "gone/Bytewarp.cfg", {});
-    FAIL() << "saved into a folder that is not there";
-  } catch (const bwp::RunTimeError& error) {
-    EXPECT_EQ(error.number, 76);
-  }
+  EXPECT_EQ(ErrorNumberOf([&] { bwp::SaveConfiguration(bwp::Disk(), folder / "gone/Bytewarp.cfg", {}); }),
+            76);
 }
 
 // A disk on which one kind of call fails.
@@ -202,12 +190,10 @@ TEST(Configuration, ASaveThatFailsLeavesTheOldFileWholeAndNothingBesideIt) {
   for (const auto& [fault, number] : cases) {
     const TempFolder folder;
     const std::string path = folder.Write("Bytewarp.cfg", "#TRUE#,4,\"/\"\n");
-    try {
-      bwp::SaveConfiguration(BrokenDisk(fault), path, {false, 0, "/b/"});
-      ADD_FAILURE() << "no error";
-    } catch (const bwp::RunTimeError& error) {
-      EXPECT_EQ(error.number, number);
-    }
+    EXPECT_EQ(ErrorNumberOf([&] {
+                bwp::SaveConfiguration(BrokenDisk(fault), path, {false, 0, "/b/"});
+              }),
+              number);
     EXPECT_EQ(ReadFile(path), "#TRUE#,4,\"/\"\n");
     EXPECT_EQ(folder.Names().size(), 1U);
   }

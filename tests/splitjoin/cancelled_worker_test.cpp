@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "fileops/file_system.h"
 #include "splitjoin/worker_fixture.h"
 
 namespace {
@@ -13,7 +14,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-constexpr std::size_t kBlock = 1'048'576;
+constexpr auto kBlock = static_cast<std::size_t>(FileSystem::kCopyBlock);
 
 class CancelledWorker : public bwp::test::SplitJoinWorkerTest {};
 

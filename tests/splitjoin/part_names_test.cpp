@@ -3,24 +3,15 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include "viewer/run_time_error.h"
+#include "support/errors.h"
 
 namespace {
 
 using bwp::DeletionNames;
 using bwp::JoinNames;
 using bwp::PartNames;
-using bwp::RunTimeError;
 using bwp::SplitNames;
-
-int ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
+using bwp::test::ErrorNumberOf;
 
 void ExpectNames(const PartNames& names, const std::string& prefix, std::int64_t first,
                  const std::string& suffix) {
@@ -68,16 +59,16 @@ TEST(SplitNames, TakeWhatThereIsOfANumberThatEndsTheName) {
 
 TEST(DeletionNames, NeedANumber) {
   ExpectNames(DeletionNames("part000"), "part", 0, "");
-  EXPECT_EQ(ErrorOf([] { DeletionNames("part"); }), 5);
-  EXPECT_EQ(ErrorOf([] { DeletionNames("part1"); }), 5);
+  EXPECT_EQ(ErrorNumberOf([] { DeletionNames("part"); }), 5);
+  EXPECT_EQ(ErrorNumberOf([] { DeletionNames("part1"); }), 5);
 }
 
 TEST(JoinNames, LookAtTheLastCharacterToo) {
   ExpectNames(JoinNames("x.005"), "x.", 5, "");
   ExpectNames(JoinNames("part1"), "part", 1, "");
   EXPECT_EQ(JoinNames("part1").Name(2), "part002");
-  EXPECT_EQ(ErrorOf([] { JoinNames("part"); }), 5);
-  EXPECT_EQ(ErrorOf([] { JoinNames(""); }), 5);
+  EXPECT_EQ(ErrorNumberOf([] { JoinNames("part"); }), 5);
+  EXPECT_EQ(ErrorNumberOf([] { JoinNames(""); }), 5);
 }
 
 TEST(PartNames, HaveThreeDigitsAtMost) {
@@ -85,7 +76,7 @@ TEST(PartNames, HaveThreeDigitsAtMost) {
   EXPECT_EQ(names.Name(0), "p000.x");
   EXPECT_EQ(names.Name(42), "p042.x");
   EXPECT_EQ(names.Name(999), "p999.x");
-  EXPECT_EQ(ErrorOf([&names] { names.Name(1000); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&names] { names.Name(1000); }), 5);
 }
 
 // Cuts at a position, reading one character at a time.
@@ -128,7 +119,7 @@ RC_GTEST_PROP(PartNames, PutTheirNumberBetweenPrefixAndSuffix, ()) {
   for (const int place : {100, 10, 1}) expected += static_cast<char>('0' + number / place % 10);
   RC_ASSERT(names.Name(number) == expected + names.suffix);
   const auto tooLong = *rc::gen::inRange<std::int64_t>(1000, 3'000'000'000);
-  RC_ASSERT(ErrorOf([&] { names.Name(tooLong); }) == 5);
+  RC_ASSERT(ErrorNumberOf([&] { names.Name(tooLong); }) == 5);
 }
 
 RC_GTEST_PROP(DeletionNames, AreThoseOfTheSplitWhereThereIsANumber, ()) {
@@ -138,7 +129,7 @@ RC_GTEST_PROP(DeletionNames, AreThoseOfTheSplitWhereThereIsANumber, ()) {
   if (at + 1 < path.size()) {
     RequireSame(DeletionNames(path), CutByReading(path, at));
   } else {
-    RC_ASSERT(ErrorOf([&] { DeletionNames(path); }) == 5);
+    RC_ASSERT(ErrorNumberOf([&] { DeletionNames(path); }) == 5);
   }
 }
 
@@ -149,7 +140,7 @@ RC_GTEST_PROP(JoinNames, BeginAtTheFirstDigitAnywhere, ()) {
   if (at < name.size()) {
     RequireSame(JoinNames(name), CutByReading(name, at));
   } else {
-    RC_ASSERT(ErrorOf([&] { JoinNames(name); }) == 5);
+    RC_ASSERT(ErrorNumberOf([&] { JoinNames(name); }) == 5);
   }
 }
 

@@ -8,10 +8,11 @@
 #include <rapidcheck/gtest.h>
 #include <string>
 
-#include "viewer/run_time_error.h"
+#include "support/errors.h"
 
 namespace {
 
+using bwp::test::ErrorNumberOf;
 using funzioni::GroupThousands;
 using funzioni::HexByte;
 using funzioni::HexOffset;
@@ -24,15 +25,6 @@ using funzioni::StripQuotes;
 
 constexpr std::int64_t kMaxInt = std::numeric_limits<std::int32_t>::max();
 constexpr std::int64_t kMinInt = std::numeric_limits<std::int32_t>::min();
-
-int ErrorOf(std::int64_t value, std::string (*function)(std::int64_t)) {
-  try {
-    function(value);
-  } catch (const bwp::RunTimeError& error) {
-    return error.number;
-  }
-  return 0;
-}
 
 TEST(HexByte, HasAtLeastTwoDigits) {
   EXPECT_EQ(HexByte(0), "00");
@@ -55,10 +47,10 @@ TEST(HexOffset, ANegativeValueIsInTwosComplement) {
 }
 
 TEST(HexOffset, OutsideThirtyTwoBitsIsOverflow) {
-  EXPECT_EQ(ErrorOf(kMaxInt + 1, HexOffset), bwp::kOverflow);
-  EXPECT_EQ(ErrorOf(kMinInt - 1, HexOffset), bwp::kOverflow);
-  EXPECT_EQ(ErrorOf(kMaxInt + 1, HexByte), bwp::kOverflow);
-  EXPECT_EQ(ErrorOf(kMaxInt, HexByte), 0);
+  EXPECT_EQ(ErrorNumberOf([] { HexOffset(kMaxInt + 1); }), bwp::kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { HexOffset(kMinInt - 1); }), bwp::kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { HexByte(kMaxInt + 1); }), bwp::kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { HexByte(kMaxInt); }), 0);
 }
 
 TEST(ParseHex, NothingReadsAsZero) {

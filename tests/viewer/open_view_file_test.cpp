@@ -5,8 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/errors.h"
 #include "viewer/mark_cells.h"
-#include "viewer/run_time_error.h"
 #include "viewer/viewer_fixture.h"
 
 namespace {
@@ -68,13 +68,9 @@ TEST_F(OpenViewFileTest, NothingOfTheFileBeforeStaysOnThePage) {
 }
 
 TEST_F(OpenViewFileTest, AFileThatCannotBeOpenedIsThePlatformsError) {
-  try {
-    bwp::OpenViewFile(state, folder / "missing");
-    FAIL() << "no error";
-  } catch (const bwp::RunTimeError& error) {
-    EXPECT_EQ(error.number, bwp::kFileNotFound);
-    EXPECT_EQ(error.path, folder / "missing");
-  }
+  const bwp::RunTimeError error = bwp::test::ErrorOf([&] { bwp::OpenViewFile(state, folder / "missing"); });
+  EXPECT_EQ(error.number, bwp::kFileNotFound);
+  EXPECT_EQ(error.path, folder / "missing");
 }
 
 TEST_F(OpenViewFileTest, ReopeningKeepsTheMarksAndThePageStart) {
