@@ -5,7 +5,7 @@
 namespace bwp {
 
 /// An unexpected failure: a file operation or an arithmetic rule that cannot go on. It is thrown through
-/// everything and caught by the application object alone, which reports it and ends the program.
+/// everything up to the application object, which reports it and ends the program.
 struct RunTimeError {
   int number;
   std::string text;
