@@ -69,7 +69,7 @@ void Search::TermTyped(ViewState& state) {
   NewSearch = true;
 }
 
-void Search::Run(ViewState& state, Services& services, const SearchFields& fields, bool NoCase) {
+void Search::Run(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase) {
   state.ForceRefresh = true;
   state.NavKeyHeld = false;
   const std::string term = SearchTerm(fields.Dtext);
@@ -103,7 +103,8 @@ void Search::Run(ViewState& state, Services& services, const SearchFields& field
   progress.ClearAbort();
 }
 
-void Search::FindClicked(ViewState& state, Services& services, const SearchFields& fields, bool NoCase) {
+void Search::FindClicked(ViewState& state, const Services& services, const SearchFields& fields,
+                         bool NoCase) {
   state.FieldTyping = true;
   Run(state, services, fields, NoCase);
   state.FieldTyping = false;

@@ -24,10 +24,10 @@ class Search {
   /// What Enter does in a field. The fields' mirrors must be level. Does nothing for an empty term or without
   /// a file. A file that another program cut short is shown as it is now instead of a hit. Throws
   /// RunTimeError when the file cannot be read.
-  void Run(ViewState& state, Services& services, const SearchFields& fields, bool NoCase);
+  void Run(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase);
 
   /// What the button `Find` does.
-  void FindClicked(ViewState& state, Services& services, const SearchFields& fields, bool NoCase);
+  void FindClicked(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase);
 
   bool NewSearch = true;  ///< The term was edited since the last search.
 

@@ -264,9 +264,9 @@ TEST(Save, AsOfAnEmptyFileMakesAnEmptyCopyAndShowsIt) {
   SavePlace place("");
   place.folder.Write("copy", "old");
   place.SaveAs("copy");
-  EXPECT_EQ(place.Story(), (Transcript{"ask File  'copy'  exist, do you want to overwrite ?",
-                                       "caption Saving to file ", "label Saving from  0 to -1", "show",
-                                       "events", "hide", "clear abort", "refresh"}));
+  EXPECT_EQ(place.Story(),
+            (Transcript{"ask File  'copy'  exist, do you want to overwrite ?", "caption Saving to file ",
+                        "label Saving from  0 to -1", "show", "events", "hide", "clear abort", "refresh"}));
   EXPECT_EQ(ReadFile(place.folder / "copy"), "");
   EXPECT_EQ(place.state.OpenFile, place.folder / "copy");
 }

@@ -44,7 +44,7 @@ QVBoxLayout* ArrangePanels(const MainLayout& controls) {
 
 }  // namespace
 
-MainLayout::MainLayout(QMainWindow& window, ViewState& state, Services& services) {
+MainLayout::MainLayout(QMainWindow& window, ViewState& state, const Services& services) {
   auto* const centre = new QWidget(&window);
   window.setCentralWidget(centre);
   opn = MakeOpenButton();

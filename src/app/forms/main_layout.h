@@ -22,7 +22,7 @@ class SearchPanel;
 /// What the main form consists of and where it stands: the page with its ruler and its scroll bar at the
 /// left, the panels at the right in the order in which they are used.
 struct MainLayout {
-  MainLayout(QMainWindow& window, ViewState& state, Services& services);
+  MainLayout(QMainWindow& window, ViewState& state, const Services& services);
 
   Ruler* ruler;
   PageTable* page;

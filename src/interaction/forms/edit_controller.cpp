@@ -39,7 +39,7 @@ QPushButton* MakeButton(const QString& name, const QString& caption, const QStri
 
 }  // namespace
 
-EditController::EditController(ViewState& state, Services& services, PageTable& tabe, PageMenu& menu,
+EditController::EditController(ViewState& state, const Services& services, PageTable& tabe, PageMenu& menu,
                                QWidget& form, QWidget* parent)
     : QWidget(parent),
       edit(MakeButton(QStringLiteral("edit"), QStringLiteral("Edit"), QStringLiteral("Edit the page's bytes"),

@@ -21,7 +21,7 @@ namespace bwp {
 class EditController : public QWidget {
  public:
   /// `form` is the window whose controls are switched; `menu` gets its `onEdit` from here.
-  EditController(ViewState& state, Services& services, PageTable& tabe, PageMenu& menu, QWidget& form,
+  EditController(ViewState& state, const Services& services, PageTable& tabe, PageMenu& menu, QWidget& form,
                  QWidget* parent = nullptr);
 
   bool IsOn() const { return edit_.On(); }
@@ -54,7 +54,7 @@ class EditController : public QWidget {
   bool DoubleClicked(const QMouseEvent& event);
 
   ViewState& state_;
-  Services& services_;
+  const Services& services_;
   PageTable& tabe_;
   QWidget& form_;
   EditMode edit_;

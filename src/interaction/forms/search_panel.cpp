@@ -13,7 +13,7 @@
 
 namespace bwp {
 
-SearchPanel::SearchPanel(ViewState& state, Services& services, QWidget* parent)
+SearchPanel::SearchPanel(ViewState& state, const Services& services, QWidget* parent)
     : QGroupBox(QStringLiteral("Search"), parent),
       Find(new QPushButton(QStringLiteral("Find/Next"), this)),
       state_(state),

@@ -19,7 +19,7 @@ class TermField;
 /// Enter, or when the field is left.
 class SearchPanel : public QGroupBox {
  public:
-  SearchPanel(ViewState& state, Services& services, QWidget* parent = nullptr);
+  SearchPanel(ViewState& state, const Services& services, QWidget* parent = nullptr);
 
   ~SearchPanel() override;
 
@@ -47,7 +47,7 @@ class SearchPanel : public QGroupBox {
   SearchFields Fields() const;
 
   ViewState& state_;
-  Services& services_;
+  const Services& services_;
   Search search_;
   Source behind_ = Source::kNothing;  // the field that its mirrors lag behind
   TermField* Atext_;
