@@ -102,7 +102,7 @@ int main(int argc, char** argv) {
   const auto watched =
       bench::RunInterleaved("with the progress window", {{"StreamCopy", copy(timed, disk)}}, 3 * rounds);
   double seconds = 0;
-  for (const double copying : watched[0].times.seconds) seconds += copying;
+  for (const double copying : watched[0].seconds) seconds += copying;
   bench::Row("events and bar, part of a copy with the progress window",
              bench::Number(100 * timed.seconds / seconds, " %"), "", bench::AtMost(2, " %"));
   bench::Row("copy, memory above idle", bench::Number(idle.MostAbove(), " MiB"), "",

@@ -37,21 +37,18 @@ inline double Seconds(const std::function<void()>& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// What a job took, run by run.
-struct Times {
-  std::vector<double> seconds, processor;
-
-  void Take(const std::function<void()>& work) {
-    const double spent = ProcessorSeconds();
-    seconds.push_back(Seconds(work));
-    processor.push_back(ProcessorSeconds() - spent);
-  }
-};
-
+/// Some work, and how long it took, run by run.
 struct Job {
   std::string name;
   std::function<void()> run;
-  Times times = {};
+  std::vector<double> seconds = {};
+  std::vector<double> processor = {};
+
+  void RunOnce() {
+    const double spent = ProcessorSeconds();
+    seconds.push_back(Seconds(run));
+    processor.push_back(ProcessorSeconds() - spent);
+  }
 };
 
 /// Runs the jobs in turn, so that whatever else the machine does affects all of them alike. Each pair of
@@ -62,16 +59,15 @@ inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job
   for (std::size_t round = 0; round < static_cast<std::size_t>(rounds); ++round) {
     for (std::size_t turn = 0; turn < jobs.size(); ++turn) {
       const std::size_t place = (turn + round / 2) % jobs.size();
-      Job& job = jobs[round % 2 == 0 ? place : jobs.size() - 1 - place];
-      job.times.Take(job.run);
+      jobs[round % 2 == 0 ? place : jobs.size() - 1 - place].RunOnce();
     }
   }
-  const double seconds = Median(jobs[0].times.seconds);
-  const double processor = Median(jobs[0].times.processor);
+  const double seconds = Median(jobs[0].seconds);
+  const double processor = Median(jobs[0].processor);
   std::printf("%-52s %18s %22s\n", title.c_str(), "clock", "processor");
   for (const Job& job : jobs) {
-    const double ownSeconds = Median(job.times.seconds);
-    const double ownProcessor = Median(job.times.processor);
+    const double ownSeconds = Median(job.seconds);
+    const double ownProcessor = Median(job.processor);
     std::printf("  %-46s %10.1f ms (%4.2fx) %12.1f ms (%4.2fx)\n", job.name.c_str(), 1000 * ownSeconds,
                 seconds / ownSeconds, 1000 * ownProcessor, processor / ownProcessor);
   }
@@ -81,8 +77,8 @@ inline std::vector<Job> RunInterleaved(const std::string& title, std::vector<Job
 
 /// Prints a row with a job's speed as a multiple of another one's.
 inline void SpeedRow(const std::string& what, const Job& job, const Job& base, const std::string& wanted) {
-  Row(what, Number(Median(base.times.seconds) / Median(job.times.seconds)),
-      Number(Median(base.times.processor) / Median(job.times.processor)), wanted);
+  Row(what, Number(Median(base.seconds) / Median(job.seconds)),
+      Number(Median(base.processor) / Median(job.processor)), wanted);
 }
 
 /// Prints a row with a job's time as a multiple of another one's.
