@@ -10,14 +10,8 @@
 
 namespace {
 
-using bwp::kBytesPerRow;
-
-int PositionOf(bwp::EditCell cell) {
-  return cell.row * kBytesPerRow + (cell.column - 1) % kBytesPerRow;
-}
-
 std::string_view ValueText(const bwp::PageGrid& grid, int position) {
-  return grid.Text(position / kBytesPerRow, position % kBytesPerRow + bwp::kFirstValueColumn);
+  return grid.Text(bwp::ValueCell(position));
 }
 
 void ShowPage(bwp::ViewState& state, int bytes, bool hex) {
@@ -29,7 +23,7 @@ void ShowPage(bwp::ViewState& state, int bytes, bool hex) {
 
 void Press(bwp::EditMode& edit, std::uint8_t action, std::uint8_t value) {
   if (action % 8 == 0) edit.ButtonKey(value);
-  if (action % 8 == 1) edit.MoveTo(static_cast<std::int8_t>(value), action / 8);
+  if (action % 8 == 1) edit.MoveTo({static_cast<std::int8_t>(value), action / 8});
   if (action % 8 > 1) edit.TypeKey(value);
 }
 
@@ -43,12 +37,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bwp::ViewState state;
   ShowPage(state, bytes, data[1] % 2 == 0);
   bwp::EditMode edit(state);
-  Require(edit.MayEnter());
-  edit.Enter(0, bwp::kFirstValueColumn);
+  Require(bwp::MayEdit(state));
+  edit.Enter({});
 
   for (std::size_t i = 2; i + 1 < size; i += 2) {
     Press(edit, data[i], data[i + 1]);
-    const bwp::EditCell cell = edit.Current();
+    const bwp::GridCell cell = edit.Current();
     Require(edit.On() && cell.row >= 0 && cell.row < bwp::kRows);
     Require(cell.column >= bwp::kFirstValueColumn && cell.column < bwp::kColumns);
     Require(PositionOf(cell) < bytes);

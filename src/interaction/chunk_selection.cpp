@@ -1,7 +1,5 @@
 #include "interaction/chunk_selection.h"
 
-#include <algorithm>
-
 #include "viewer/mark_cells.h"
 #include "viewer/number_text.h"
 #include "viewer/position_entry.h"
@@ -69,22 +67,18 @@ std::int64_t StartOfPageAtMarkEnd(const ViewState& state) {
   return MaxOf({0, state.MarkEnd - (kPageBytes - 1)});
 }
 
-PopupCell NearestByteCell(int row, int column) {
-  return {std::clamp(row, 0, kRows - 1), std::clamp(column, kFirstValueColumn, kColumns - 1)};
+std::int64_t ByteUnder(const ViewState& state, GridCell cell) {
+  return state.SWStart + PositionOf(cell);
 }
 
-std::int64_t ByteUnder(const ViewState& state, PopupCell cell) {
-  return state.SWStart + cell.row * kBytesPerRow + (cell.column - 1) % kBytesPerRow;
-}
-
-void MarkStartAt(ViewState& state, Display& display, PopupCell cell) {
+void MarkStartAt(ViewState& state, Display& display, GridCell cell) {
   // A file of one byte leaves no room in front of Mark End; the first byte is the first all the same.
   const std::int64_t start = MinOf({ByteUnder(state, cell), state.FLen - 2, state.MarkEnd - 1});
   MoveMarks(state, MaxOf({0, start}), state.MarkEnd);
   AbandonTyping(state, display);
 }
 
-void MarkEndAt(ViewState& state, Display& display, PopupCell cell) {
+void MarkEndAt(ViewState& state, Display& display, GridCell cell) {
   MoveMarks(state, state.MarkStart, MaxOf({state.MarkStart + 1, 1, ByteUnder(state, cell)}));
   AbandonTyping(state, display);
 }

@@ -24,22 +24,13 @@ void GotoMarkEnd(ViewState& state, Display& display);
 /// Where the page begins that ends at Mark End.
 std::int64_t StartOfPageAtMarkEnd(const ViewState& state);
 
-/// A cell of the grid that can be pointed at: row 0 to 31, column 1 to 32.
-struct PopupCell {
-  int row = 0;
-  int column = 1;
-};
-
-/// The nearest cell of a byte to where the pointer was, which may have been beside the cells.
-PopupCell NearestByteCell(int row, int column);
-
 /// The file offset of the byte whose number or character the cell shows.
-std::int64_t ByteUnder(const ViewState& state, PopupCell cell);
+std::int64_t ByteUnder(const ViewState& state, GridCell cell);
 
 /// Menu entries `popmstart`, `popmend` and `popmdefault`. `popmend` goes past the end of the file where the
 /// cell does.
-void MarkStartAt(ViewState& state, Display& display, PopupCell cell);
-void MarkEndAt(ViewState& state, Display& display, PopupCell cell);
+void MarkStartAt(ViewState& state, Display& display, GridCell cell);
+void MarkEndAt(ViewState& state, Display& display, GridCell cell);
 void MarkWholeFile(ViewState& state, Display& display);
 
 }  // namespace bwp

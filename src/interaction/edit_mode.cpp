@@ -1,6 +1,5 @@
 #include "interaction/edit_mode.h"
 
-#include <algorithm>
 #include <string>
 
 #include "viewer/code_page.h"
@@ -9,14 +8,19 @@
 namespace bwp {
 namespace {
 
-constexpr std::uint8_t kEnter = 13;
-// The keys that move a cell have the numbers of these characters, from "!" to "(". Whoever types one of the
-// characters ends the byte as with Enter.
-constexpr std::uint8_t kFirstMover = 33;
-constexpr std::uint8_t kLastMover = 40;
+// The keys that move a cell, from Page Up to Down, have the numbers of these characters; typing one of the
+// characters ends a byte as Enter does.
+constexpr std::uint8_t kFirstMover = '!';
+constexpr std::uint8_t kLastMover = '(';
 
-int PositionOf(EditCell cell) {
-  return cell.row * kBytesPerRow + (cell.column - 1) % kBytesPerRow;
+// The first column of the half of the row, numbers or characters, that a cell is in.
+int HalfOf(GridCell cell) {
+  return cell.column < kFirstCharColumn ? kFirstValueColumn : kFirstCharColumn;
+}
+
+// The page position of the last byte that the page shows; negative where it shows none.
+int LastPosition(const ViewState& state) {
+  return static_cast<int>(funzioni::MinOf({kPageBytes - 1, state.FLen - state.SWStart - 1}));
 }
 
 std::int64_t ReadCell(std::string_view text, bool hex) {
@@ -25,18 +29,18 @@ std::int64_t ReadCell(std::string_view text, bool hex) {
 
 }  // namespace
 
-bool EditMode::MayEnter() const {
-  return !On() && !state_.OpenFile.empty() && LastPosition() >= 0;
+bool MayEdit(const ViewState& state) {
+  return !state.OpenFile.empty() && LastPosition(state) >= 0;
 }
 
-void EditMode::Enter(int row, int column) {
-  if (!MayEnter()) return;
+void EditMode::Enter(GridCell place) {
+  if (On() || !MayEdit(state_)) return;
   before_ = std::make_unique<PageGrid>(state_.tabe);
   openings_ = state_.openings;
   state_.FieldTyping = true;
   state_.EditMode = true;
   current_ = {};
-  MoveTo(row, column);
+  MoveTo(place);
 }
 
 void EditMode::Leave() {
@@ -47,94 +51,88 @@ void EditMode::Leave() {
   state_.EditMode = false;
 }
 
-void EditMode::MoveTo(int row, int column) {
+void EditMode::MoveTo(GridCell place) {
   if (!On()) return;
-  const EditCell left = current_;
-  EditCell cell{std::clamp(row, 0, kRows - 1), std::clamp(column, kFirstValueColumn, kColumns - 1)};
-  const int last = LastPosition();
-  if (PositionOf(cell) > last) {
-    const int half = cell.column < kFirstCharColumn ? kFirstValueColumn : kFirstCharColumn;
-    cell = {last / kBytesPerRow, half + last % kBytesPerRow};
+  const GridCell left = current_;
+  current_ = NearestByteCell(place);
+  const int last = LastPosition(state_);
+  if (PositionOf(current_) > last) {
+    current_ = HalfOf(current_) == kFirstValueColumn ? ValueCell(last) : CharCell(last);
   }
-  current_ = cell;
   DigitCount_ = 0;
   Recolour(PositionOf(left));
   Recolour(PositionOf(current_));
 }
 
-void EditMode::TypeKey(std::uint8_t code) {
+void EditMode::TypeKey(std::uint8_t character) {
   if (!On() || current_.column >= kFirstCharColumn) return;
-  if (code == kEnter || (code >= kFirstMover && code <= kLastMover)) return Commit();
-  const auto digit = static_cast<char>(code_page::Upper(code));
+  if (character == kEnterCharacter || (character >= kFirstMover && character <= kLastMover)) return Commit();
+  const auto digit = static_cast<char>(code_page::Upper(character));
   if (!funzioni::IsNumberText(std::string_view(&digit, 1), state_.HexMode)) return;
   const bool last = DigitCount_ == (state_.HexMode ? 1 : 2);
   TypeDigit(digit);
   if (last) Commit();
 }
 
-void EditMode::ButtonKey(std::uint8_t code) {
-  if (!On()) return;
-  const int half = current_.column < kFirstCharColumn ? kFirstValueColumn : kFirstCharColumn;
-  switch (code) {
-    case 38:  // up
-      return MoveTo((current_.row + kRows - 1) % kRows, current_.column);
-    case 40:  // down
-      return MoveTo((current_.row + 1) % kRows, current_.column);
-    case 37:  // right
-      return MoveTo(current_.row, half + current_.column % kBytesPerRow);
-    case 39:  // left
-      return MoveTo(current_.row, half + (current_.column - half + kBytesPerRow - 1) % kBytesPerRow);
+// The characters have the numbers of the keys Left, Up, Right and Down. That "%" goes right and "'" left is
+// known of old and kept.
+bool EditMode::ButtonKey(std::uint8_t character) {
+  if (!On()) return false;
+  const auto [row, column] = current_;
+  const int half = HalfOf(current_);
+  switch (character) {
+    case '&':
+      MoveTo({(row + kRows - 1) % kRows, column});
+      return true;
+    case '(':
+      MoveTo({(row + 1) % kRows, column});
+      return true;
+    case '%':
+      MoveTo({row, half + column % kBytesPerRow});
+      return true;
+    case '\'':
+      MoveTo({row, half + (column - half + kBytesPerRow - 1) % kBytesPerRow});
+      return true;
     default:
-      return;
+      return false;
   }
 }
 
 bool EditMode::IsChanged(int position) const {
-  if (!On() || position > LastPosition()) return false;
-  const std::string_view shown =
-      before_->Text(position / kBytesPerRow, position % kBytesPerRow + kFirstCharColumn);
+  if (!On() || position > LastPosition(state_)) return false;
+  const std::string_view shown = before_->Text(CharCell(position));
   return shown.empty() || static_cast<std::uint8_t>(shown.front()) != ValueAt(position);
 }
 
-// The last byte of the file on the page, or of the page; negative where the page shows none.
-int EditMode::LastPosition() const {
-  return static_cast<int>(funzioni::MinOf({kPageBytes - 1, state_.FLen - state_.SWStart - 1}));
-}
-
 std::uint8_t EditMode::ValueAt(int position) const {
-  const std::string_view text =
-      state_.tabe.Text(position / kBytesPerRow, position % kBytesPerRow + kFirstValueColumn);
-  return CellByte(text, state_.HexMode);
+  return CellByte(state_.tabe.Text(ValueCell(position)), state_.HexMode);
 }
 
-// The first digit takes the place of what stood in the cell.
+// The first digit takes the place of what was in the cell.
 void EditMode::TypeDigit(char digit) {
   std::string text;
-  if (DigitCount_ > 0) text = state_.tabe.Text(current_.row, current_.column);
-  state_.tabe.SetText(current_.row, current_.column, text + digit);
+  if (DigitCount_ > 0) text = state_.tabe.Text(current_);
+  state_.tabe.SetText(current_, text + digit);
   ++DigitCount_;
   Recolour(PositionOf(current_));
 }
 
 void EditMode::Commit() {
   PageGrid& grid = state_.tabe;
-  const int row = current_.row;
-  const int column = current_.column;
-  if (ReadCell(grid.Text(row, column), state_.HexMode) > 255) {
-    grid.SetText(row, column, state_.HexMode ? "FF" : "255");
+  if (ReadCell(grid.Text(current_), state_.HexMode) > 255) {
+    grid.SetText(current_, state_.HexMode ? "FF" : "255");
   }
-  const auto character = static_cast<char>(ValueAt(PositionOf(current_)));
-  grid.SetText(row, column + kBytesPerRow, {&character, 1});
-  MoveTo((row + column / kBytesPerRow) % kRows, column % kBytesPerRow + 1);
+  const int position = PositionOf(current_);
+  const auto character = static_cast<char>(ValueAt(position));
+  grid.SetText(CharCell(position), {&character, 1});
+  MoveTo(ValueCell((position + 1) % kPageBytes));
 }
 
-// A byte that was changed can be told from one that was not wherever the current cell stands.
+// A byte that was changed can be told from one that was not wherever the current cell is.
 void EditMode::Recolour(int position) {
-  const int row = position / kBytesPerRow;
   const bool changed = IsChanged(position);
-  for (const int half : {kFirstValueColumn, kFirstCharColumn}) {
-    const EditCell cell{row, position % kBytesPerRow + half};
-    Colour colour = changed ? kByteChangedColour : before_->Background(cell.row, cell.column);
+  for (const GridCell cell : {ValueCell(position), CharCell(position)}) {
+    Colour colour = changed ? kByteChangedColour : before_->Background(cell);
     if (cell == current_) colour = changed ? kCellChangedColour : kCellAsInFileColour;
     state_.tabe.cellcol(cell.row, cell.column, colour);
   }

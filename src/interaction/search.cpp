@@ -3,7 +3,6 @@
 #include "fileops/shown_file.h"
 #include "viewer/code_page.h"
 #include "viewer/mark_cells.h"
-#include "viewer/number_text.h"
 #include "viewer/refresh.h"
 
 namespace bwp {
@@ -25,27 +24,10 @@ class ViewFileSource : public FileSystem::ByteSource {
   std::int64_t& position_;
 };
 
-// The label's texts are byte strings that may hold UTF-8, the fields' are of the program's character set.
-std::string Utf8(const std::string& text) {
-  std::string result;
-  for (const char byte : text) {
-    const unsigned character = code_page::ToUnicode(static_cast<std::uint8_t>(byte));
-    if (character < 0x80) {
-      result += static_cast<char>(character);
-    } else if (character < 0x800) {
-      result += {static_cast<char>(0xC0 | character >> 6U), static_cast<char>(0x80 | (character & 0x3FU))};
-    } else {
-      result +=
-          {static_cast<char>(0xE0 | character >> 12U), static_cast<char>(0x80 | (character >> 6U & 0x3FU)),
-           static_cast<char>(0x80 | (character & 0x3FU))};
-    }
-  }
-  return result;
-}
-
+// The label is a byte string that may hold UTF-8, the fields are of the program's character set.
 std::string LabelOf(const SearchFields& fields) {
-  return "\nSearching String:  " + Utf8(fields.Atext) + "\nHEX:     " + Utf8(fields.Htext) +
-         "\nDecimal: " + Utf8(fields.Dtext);
+  return "\nSearching String:  " + code_page::ToUtf8(fields.Atext) +
+         "\nHEX:     " + code_page::ToUtf8(fields.Htext) + "\nDecimal: " + code_page::ToUtf8(fields.Dtext);
 }
 
 // The cells keep their texts: only what the page shows of their colours changes.
@@ -57,7 +39,8 @@ void Recolour(Display& display, Colouring colouring) {
 }
 
 void ShowFound(ViewState& state, Display& display, std::int64_t hit, std::size_t length) {
-  state.SWStart = funzioni::MaxOf({0, funzioni::MinOf({hit, state.FLen - kPageBytes})});
+  state.SWStart = hit;
+  ClampStart(state);
   Refresh(state, display);
   Recolour(display, [&] { ShowHit(state, hit, static_cast<std::int64_t>(length)); });
 }

@@ -7,7 +7,6 @@
 #include "fileops/byte_stream.h"
 #include "interaction/edit_mode.h"
 #include "viewer/descriptor.h"
-#include "viewer/number_text.h"
 #include "viewer/run_time_error.h"
 #include "viewer/uninterrupted.h"
 
@@ -44,9 +43,7 @@ void WriteAt(const Disk& disk, const FileSystem::WriteStream& file, std::int64_t
 std::string PageBytes(const ViewState& state) {
   std::string bytes;
   for (int position = 0; position < kPageBytes && state.SWStart + position < state.FLen; ++position) {
-    const std::string_view text =
-        state.tabe.Text(position / kBytesPerRow, position % kBytesPerRow + kFirstValueColumn);
-    bytes += static_cast<char>(CellByte(text, state.HexMode));
+    bytes += static_cast<char>(CellByte(state.tabe.Text(ValueCell(position)), state.HexMode));
   }
   return bytes;
 }

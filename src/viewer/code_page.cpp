@@ -65,6 +65,23 @@ std::u16string ToUnicode(std::string_view text) {
   return result;
 }
 
+// No character of the set needs more than three bytes.
+std::string ToUtf8(std::string_view text) {
+  std::string result;
+  for (const char16_t character : ToUnicode(text)) {
+    const unsigned code = character;
+    if (code < 0x80) {
+      result += static_cast<char>(code);
+    } else if (code < 0x800) {
+      result += {static_cast<char>(0xC0U | code >> 6U), static_cast<char>(0x80U | (code & 0x3FU))};
+    } else {
+      result += {static_cast<char>(0xE0U | code >> 12U), static_cast<char>(0x80U | (code >> 6U & 0x3FU)),
+                 static_cast<char>(0x80U | (code & 0x3FU))};
+    }
+  }
+  return result;
+}
+
 std::string FromUnicode(std::u16string_view text) {
   std::string result;
   result.reserve(text.size());

@@ -17,6 +17,9 @@ std::uint8_t FromUnicode(char32_t character);
 /// Every byte of the text as its Unicode character.
 std::u16string ToUnicode(std::string_view text);
 
+/// Every byte of the text as its character in UTF-8.
+std::string ToUtf8(std::string_view text);
+
 /// The text with every character as its byte; a surrogate pair is one character and becomes one '?'.
 std::string FromUnicode(std::u16string_view text);
 

@@ -15,28 +15,26 @@ void PageGrid::Clear() {
 }
 
 std::string_view PageGrid::Text(int row, int column) const {
-  const Cell& cell = At(row, column);
+  const Cell& cell = At({row, column});
   return {cell.text.data(), cell.length};
 }
 
 void PageGrid::SetText(int row, int column, std::string_view text) {
-  Cell& cell = At(row, column);
+  Cell& cell = At({row, column});
   cell.length = static_cast<std::uint8_t>(std::min(text.size(), kCellCapacity));
   std::copy_n(text.begin(), cell.length, cell.text.begin());
 }
 
 Colour PageGrid::Background(int row, int column) const {
-  return At(row, column).background;
+  return At({row, column}).background;
 }
 
 void PageGrid::cellcol(int row, int column, Colour colour) {
-  At(row, column).background = colour;
+  At({row, column}).background = colour;
 }
 
 void PageGrid::WriteByte(int position, std::uint8_t byte, bool hex) {
-  const int row = position / kBytesPerRow;
-  const int column = position % kBytesPerRow;
-  Cell& value = At(row, column + kFirstValueColumn);
+  Cell& value = At(ValueCell(position));
   if (hex) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     value.text[0] = kDigits[byte / 16U];
@@ -46,24 +44,26 @@ void PageGrid::WriteByte(int position, std::uint8_t byte, bool hex) {
     char* const start = value.text.data();
     value.length = static_cast<std::uint8_t>(std::to_chars(start, start + kCellCapacity, byte).ptr - start);
   }
-  Cell& character = At(row, column + kFirstCharColumn);
+  Cell& character = At(CharCell(position));
   character.text[0] = static_cast<char>(byte);
   character.length = 1;
 }
 
 void PageGrid::ColourByte(int position, Colour value, Colour character) {
-  const int row = position / kBytesPerRow;
-  const int column = position % kBytesPerRow;
-  cellcol(row, column + kFirstValueColumn, value);
-  cellcol(row, column + kFirstCharColumn, character);
+  At(ValueCell(position)).background = value;
+  At(CharCell(position)).background = character;
 }
 
-PageGrid::Cell& PageGrid::At(int row, int column) {
-  return cells_[static_cast<std::size_t>(row * kColumns + column)];
+PageGrid::Cell& PageGrid::At(GridCell cell) {
+  return cells_[static_cast<std::size_t>(cell.row * kColumns + cell.column)];
 }
 
-const PageGrid::Cell& PageGrid::At(int row, int column) const {
-  return cells_[static_cast<std::size_t>(row * kColumns + column)];
+const PageGrid::Cell& PageGrid::At(GridCell cell) const {
+  return cells_[static_cast<std::size_t>(cell.row * kColumns + cell.column)];
+}
+
+GridCell NearestByteCell(GridCell place) {
+  return {std::clamp(place.row, 0, kRows - 1), std::clamp(place.column, kFirstValueColumn, kColumns - 1)};
 }
 
 void PaintCharCells(PageGrid& grid) {

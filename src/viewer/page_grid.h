@@ -18,6 +18,29 @@ inline constexpr int kFirstValueColumn = 1;
 inline constexpr int kFirstCharColumn = 17;
 inline constexpr int kColumns = 33;
 
+/// A cell of the grid.
+struct GridCell {
+  int row = 0;
+  int column = kFirstValueColumn;
+  friend bool operator==(const GridCell&, const GridCell&) = default;
+};
+
+/// The page position, 0 to 511, of the byte whose number or character a cell shows.
+constexpr int PositionOf(GridCell cell) {
+  return cell.row * kBytesPerRow + (cell.column - kFirstValueColumn) % kBytesPerRow;
+}
+
+/// The cells that show the byte at a page position, as a number and as a character.
+constexpr GridCell ValueCell(int position) {
+  return {position / kBytesPerRow, position % kBytesPerRow + kFirstValueColumn};
+}
+constexpr GridCell CharCell(int position) {
+  return {position / kBytesPerRow, position % kBytesPerRow + kFirstCharColumn};
+}
+
+/// The nearest cell of a byte to a place that may lie beside the cells, or on an offset.
+GridCell NearestByteCell(GridCell place);
+
 /// A colour as blue, green, red: 0x00BBGGRR.
 using Colour = std::uint32_t;
 inline constexpr Colour kMarkStartColour = 65535;   // yellow
@@ -36,10 +59,13 @@ class PageGrid {
   void Clear();
 
   std::string_view Text(int row, int column) const;
+  std::string_view Text(GridCell cell) const { return Text(cell.row, cell.column); }
   /// Cuts the text to the ten characters that a decimal offset may need.
   void SetText(int row, int column, std::string_view text);
+  void SetText(GridCell cell, std::string_view text) { SetText(cell.row, cell.column, text); }
 
   Colour Background(int row, int column) const;
+  Colour Background(GridCell cell) const { return Background(cell.row, cell.column); }
   /// Colours one cell; the current cell of the grid does not move.
   void cellcol(int row, int column, Colour colour);
 
@@ -59,8 +85,8 @@ class PageGrid {
     Colour background = kValueColour;
   };
 
-  Cell& At(int row, int column);
-  const Cell& At(int row, int column) const;
+  Cell& At(GridCell cell);
+  const Cell& At(GridCell cell) const;
 
   std::array<Cell, std::size_t{kRows} * kColumns> cells_;
 };

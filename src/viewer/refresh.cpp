@@ -44,8 +44,8 @@ std::string OffsetText(std::int64_t offset, bool hex) {
 // What the file no longer holds, because somebody cut it short, must not stand there as if it did.
 void EmptyBytesFrom(PageGrid& grid, int position) {
   for (; position < kPageBytes; ++position) {
-    grid.SetText(position / kBytesPerRow, position % kBytesPerRow + kFirstValueColumn, {});
-    grid.SetText(position / kBytesPerRow, position % kBytesPerRow + kFirstCharColumn, {});
+    grid.SetText(ValueCell(position), {});
+    grid.SetText(CharCell(position), {});
   }
 }
 
@@ -53,9 +53,7 @@ void EmptyBytesFrom(PageGrid& grid, int position) {
 bool ShowsOther(const ViewState& state, const std::uint8_t* bytes, std::size_t count) {
   if (state.SWStart != state.SWPrev) return true;
   for (std::size_t position = 0; position < kPageBytes; ++position) {
-    const auto place = static_cast<int>(position);
-    const std::string_view shown =
-        state.tabe.Text(place / kBytesPerRow, place % kBytesPerRow + kFirstCharColumn);
+    const std::string_view shown = state.tabe.Text(CharCell(static_cast<int>(position)));
     if (shown.empty() != (position >= count)) return true;
     if (!shown.empty() && static_cast<std::uint8_t>(shown.front()) != bytes[position]) return true;
   }

@@ -13,7 +13,7 @@ namespace {
 
 using bwp::ChunkField;
 using bwp::EnterChunkField;
-using bwp::PopupCell;
+using bwp::GridCell;
 using bwp::ViewState;
 using bwp::test::OpenedFile;
 
@@ -164,12 +164,8 @@ TEST(PopupByte, NumberAndCharacterOfAByteGiveTheSameOffset) {
 }
 
 TEST(PopupByte, APlaceBesideTheCellsIsTheNearestCell) {
-  const PopupCell low = bwp::NearestByteCell(-1, 0);
-  EXPECT_EQ(low.row, 0);
-  EXPECT_EQ(low.column, 1);
-  const PopupCell high = bwp::NearestByteCell(32, 40);
-  EXPECT_EQ(high.row, 31);
-  EXPECT_EQ(high.column, 32);
+  EXPECT_EQ(bwp::NearestByteCell({-1, 0}), (GridCell{0, 1}));
+  EXPECT_EQ(bwp::NearestByteCell({32, 40}), (GridCell{31, 32}));
 }
 
 TEST(PopupMarks, AStartAfterTheEndStopsInFrontOfIt) {
@@ -224,7 +220,7 @@ RC_GTEST_PROP(ChunkModel, EveryWayToSetAMarkFollowsItsRuleAndKeepsAtLeastTwoByte
     const auto v = *rc::gen::inRange<std::int64_t>(0, 3500);
     const bool hex = *rc::gen::arbitrary<bool>();
     const std::string text = hex ? funzioni::HexOffset(v) : std::to_string(v);
-    const PopupCell cell{*rc::gen::inRange(0, 32), *rc::gen::inRange(1, 33)};
+    const GridCell cell{*rc::gen::inRange(0, 32), *rc::gen::inRange(1, 33)};
     const std::int64_t pointed = c.state.SWStart + cell.row * 16 + (cell.column - 1) % 16;
     switch (*rc::gen::inRange(0, 9)) {
       case 0:

@@ -14,8 +14,8 @@
 
 namespace {
 
-using bwp::EditCell;
 using bwp::EditMode;
+using bwp::GridCell;
 using bwp::test::OpenedFile;
 
 struct Edit : OpenedFile {
@@ -35,11 +35,11 @@ struct Edit : OpenedFile {
 
 TEST(EditModeSwitch, EnteringHoldsThePageBackAndStandsOnTheGivenCell) {
   Edit e(5000);
-  e.edit.Enter(3, 7);
+  e.edit.Enter({3, 7});
   EXPECT_TRUE(e.edit.On());
   EXPECT_TRUE(e.state.FieldTyping);
   EXPECT_TRUE(e.state.EditMode);
-  EXPECT_EQ(e.edit.Current(), (EditCell{3, 7}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{3, 7}));
   e.edit.Leave();
   EXPECT_FALSE(e.edit.On());
   EXPECT_FALSE(e.state.FieldTyping);
@@ -48,7 +48,7 @@ TEST(EditModeSwitch, EnteringHoldsThePageBackAndStandsOnTheGivenCell) {
 
 TEST(EditModeSwitch, NoRefreshTouchesThePageMeanwhileWhateverEndsTheTyping) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   e.Type("4");
   e.state.FieldTyping = false;
   e.state.ForceRefresh = true;
@@ -60,17 +60,17 @@ TEST(EditModeSwitch, NoRefreshTouchesThePageMeanwhileWhateverEndsTheTyping) {
 
 TEST(EditModeSwitch, TheOffsetColumnIsNeverTheCurrentOne) {
   Edit e(5000);
-  e.edit.Enter(3, 0);
-  EXPECT_EQ(e.edit.Current(), (EditCell{3, 1}));
+  e.edit.Enter({3, 0});
+  EXPECT_EQ(e.edit.Current(), (GridCell{3, 1}));
 }
 
 TEST(EditModeSwitch, NeedsAFileWithAByteOnThePage) {
   Edit e(5000);
   e.state.OpenFile.clear();
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   EXPECT_FALSE(e.edit.On());
   Edit empty(0);
-  empty.edit.Enter(0, 1);
+  empty.edit.Enter({0, 1});
   EXPECT_FALSE(empty.edit.On());
   EXPECT_FALSE(empty.state.FieldTyping);
 }
@@ -78,137 +78,137 @@ TEST(EditModeSwitch, NeedsAFileWithAByteOnThePage) {
 TEST(EditModeSwitch, OffItTakesNoKey) {
   Edit e(5000);
   e.Type("AB\r");
-  e.edit.ButtonKey(40);
-  e.edit.MoveTo(4, 4);
+  EXPECT_FALSE(e.edit.ButtonKey(40));
+  e.edit.MoveTo({4, 4});
   EXPECT_EQ(e.Text(0, 1), funzioni::HexByte(static_cast<std::uint8_t>(e.bytes[0])));
-  EXPECT_EQ(e.edit.Current(), EditCell{});
+  EXPECT_EQ(e.edit.Current(), GridCell{});
 }
 
 TEST(EditTyping, TwoHexadecimalDigitsAreAByteAndMoveOn) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   e.Type("a");
   EXPECT_EQ(e.Text(0, 1), "A");
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 1}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 1}));
   e.Type("B");
   EXPECT_EQ(e.Text(0, 1), "AB");
   EXPECT_EQ(e.Text(0, 17), "\xAB");
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 2}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 2}));
 }
 
 TEST(EditTyping, ThreeDecimalDigitsAreAByteAndMoveOn) {
   Edit e(5000, false);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   e.Type("065");
   EXPECT_EQ(e.Text(0, 1), "065");
   EXPECT_EQ(e.Text(0, 17), "A");
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 2}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 2}));
 }
 
 TEST(EditTyping, AboveTwoHundredFiftyFiveIsCapped) {
   Edit e(5000, false);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   e.Type("300");
   EXPECT_EQ(e.Text(0, 1), "255");
   EXPECT_EQ(e.Text(0, 17), "\xFF");
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 2}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 2}));
 }
 
 TEST(EditTyping, WhatIsNoDigitOfTheBaseIsIgnored) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   const std::string before = e.Text(0, 1);
   e.Type("Gg z.*)\x1B\x08");
   EXPECT_EQ(e.Text(0, 1), before);
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 1}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 1}));
   Edit decimal(5000, false);
-  decimal.edit.Enter(0, 1);
+  decimal.edit.Enter({0, 1});
   decimal.Type("A");
   EXPECT_EQ(decimal.Text(0, 1), std::to_string(static_cast<std::uint8_t>(decimal.bytes[0])));
 }
 
 TEST(EditTyping, EnterEndsAByteEarly) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   e.Type("7\r");
   EXPECT_EQ(e.Text(0, 1), "7");
   EXPECT_EQ(e.Text(0, 17), "\x07");
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 2}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 2}));
 }
 
 TEST(EditTyping, TheEightCharactersFromExclamationMarkToParenthesisEndAByteLikeEnter) {
   for (const char key : std::string("!\"#$%&'(")) {
     Edit e(5000);
-    e.edit.Enter(0, 1);
+    e.edit.Enter({0, 1});
     e.Type(std::string("7") + key);
     EXPECT_EQ(e.Text(0, 17), "\x07") << key;
-    EXPECT_EQ(e.edit.Current(), (EditCell{0, 2})) << key;
+    EXPECT_EQ(e.edit.Current(), (GridCell{0, 2})) << key;
   }
 }
 
 TEST(EditTyping, EnterOnAnUntouchedCellChangesNothingAndMovesOn) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   const std::string before = e.Text(0, 1);
   e.Type("\r");
   EXPECT_EQ(e.Text(0, 1), before);
   EXPECT_FALSE(e.edit.IsChanged(0));
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 2}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 2}));
 }
 
 TEST(EditTyping, GoesFromTheLastColumnToTheNextRowAndFromTheLastCellToTheFirst) {
   Edit e(5000);
-  e.edit.Enter(4, 16);
+  e.edit.Enter({4, 16});
   e.Type("\r");
-  EXPECT_EQ(e.edit.Current(), (EditCell{5, 1}));
-  e.edit.MoveTo(31, 16);
+  EXPECT_EQ(e.edit.Current(), (GridCell{5, 1}));
+  e.edit.MoveTo({31, 16});
   e.Type("00");
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 1}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 1}));
   EXPECT_EQ(e.state.SWStart, 0);
 }
 
 TEST(EditTyping, ACharacterCellTakesNoKey) {
   Edit e(5000);
-  e.edit.Enter(0, 17);
+  e.edit.Enter({0, 17});
   const std::string before = e.Text(0, 17);
   e.Type("AB\r");
   EXPECT_EQ(e.Text(0, 17), before);
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 17}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 17}));
 }
 
 TEST(EditTyping, ADigitLeftAloneStartsAnewWhereTheCellIsEnteredAgain) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   e.Type("1");
-  e.edit.MoveTo(0, 2);
+  e.edit.MoveTo({0, 2});
   e.Type("A");
   EXPECT_EQ(e.Text(0, 1), "1");
   EXPECT_EQ(e.Text(0, 2), "A");
-  e.edit.MoveTo(0, 1);
+  e.edit.MoveTo({0, 1});
   e.Type("F");
   EXPECT_EQ(e.Text(0, 1), "F");
 }
 
-TEST(EditCells, TheCurrentCellStaysOnABytesOfTheFile) {
+TEST(GridCells, TheCurrentCellStaysOnABytesOfTheFile) {
   Edit e(100);
-  e.edit.Enter(31, 16);
-  EXPECT_EQ(e.edit.Current(), (EditCell{6, 4}));
-  e.edit.MoveTo(6, 5);
-  EXPECT_EQ(e.edit.Current(), (EditCell{6, 4}));
-  e.edit.MoveTo(10, 25);
-  EXPECT_EQ(e.edit.Current(), (EditCell{6, 20}));
-  e.edit.MoveTo(-1, 40);
-  EXPECT_EQ(e.edit.Current(), (EditCell{0, 32}));
-  e.edit.MoveTo(6, 4);
+  e.edit.Enter({31, 16});
+  EXPECT_EQ(e.edit.Current(), (GridCell{6, 4}));
+  e.edit.MoveTo({6, 5});
+  EXPECT_EQ(e.edit.Current(), (GridCell{6, 4}));
+  e.edit.MoveTo({10, 25});
+  EXPECT_EQ(e.edit.Current(), (GridCell{6, 20}));
+  e.edit.MoveTo({-1, 40});
+  EXPECT_EQ(e.edit.Current(), (GridCell{0, 32}));
+  e.edit.MoveTo({6, 4});
   e.Type("00");
-  EXPECT_EQ(e.edit.Current(), (EditCell{6, 4}));
+  EXPECT_EQ(e.edit.Current(), (GridCell{6, 4}));
 }
 
 TEST(EditButtonKeys, FourCharactersMoveTheCellAroundInItsHalf) {
   struct Case {
-    EditCell from;
+    GridCell from;
     std::uint8_t key;
-    EditCell to;
+    GridCell to;
   };
   const Case cases[] = {
       {{5, 3}, '&', {4, 3}},    {{0, 3}, '&', {31, 3}},  {{5, 3}, '(', {6, 3}},    {{31, 3}, '(', {0, 3}},
@@ -218,8 +218,9 @@ TEST(EditButtonKeys, FourCharactersMoveTheCellAroundInItsHalf) {
   };
   for (const Case& c : cases) {
     Edit e(5000);
-    e.edit.Enter(c.from.row, c.from.column);
-    e.edit.ButtonKey(c.key);
+    e.edit.Enter(c.from);
+    const bool taken = std::string_view("%&'(").find(static_cast<char>(c.key)) != std::string_view::npos;
+    EXPECT_EQ(e.edit.ButtonKey(c.key), taken);
     EXPECT_EQ(e.edit.Current(), c.to) << c.key << " from " << c.from.row << "," << c.from.column;
   }
 }
@@ -230,7 +231,7 @@ constexpr bwp::Colour kRed = 0x0000FF;
 
 TEST(EditColours, TheCurrentCellIsGreenAsInTheFileAndRedOnceChanged) {
   Edit e(5000);
-  e.edit.Enter(2, 3);
+  e.edit.Enter({2, 3});
   EXPECT_EQ(e.Colour(2, 3), kGreen);
   const std::string own = e.Text(2, 3);
   e.Type("0");
@@ -239,7 +240,7 @@ TEST(EditColours, TheCurrentCellIsGreenAsInTheFileAndRedOnceChanged) {
   EXPECT_EQ(e.Colour(2, 3), bwp::kByteChangedColour);
   EXPECT_EQ(e.Colour(2, 19), bwp::kByteChangedColour);
   EXPECT_EQ(e.Colour(2, 4), kGreen);
-  e.edit.MoveTo(2, 3);
+  e.edit.MoveTo({2, 3});
   EXPECT_EQ(e.Colour(2, 3), kRed);
   EXPECT_EQ(e.Colour(2, 4), bwp::kValueColour);
   e.Type(own);
@@ -252,7 +253,7 @@ TEST(EditColours, LeavingTheModeLeavesNoColourAndNoTextBehind) {
   bwp::Refresh(e.state, e.display);
   bwp::ShowHit(e.state, 30, 4);
   const bwp::PageGrid before = e.state.tabe;
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   for (int i = 0; i < 60; ++i) e.Type("5A");
   e.edit.Leave();
   for (int row = 0; row < bwp::kRows; ++row) {
@@ -265,9 +266,9 @@ TEST(EditColours, LeavingTheModeLeavesNoColourAndNoTextBehind) {
 
 TEST(EditColours, AMarksColourComesBackWhenTheCellIsLeftUnchanged) {
   Edit e(5000);
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   EXPECT_EQ(e.Colour(0, 1), bwp::kCellAsInFileColour);
-  e.edit.MoveTo(1, 1);
+  e.edit.MoveTo({1, 1});
   EXPECT_EQ(e.Colour(0, 1), bwp::kMarkStartColour);
 }
 
@@ -313,7 +314,7 @@ RC_GTEST_PROP(EditModel, AnySequenceOfKeysTypesWhatThePlainRulesSay, ()) {
     plain.texts.push_back(hex ? funzioni::HexByte(byte) : std::to_string(byte));
     plain.characters.emplace_back(1, static_cast<char>(byte));
   }
-  e.edit.Enter(0, 1);
+  e.edit.Enter({0, 1});
   const auto codes = *rc::gen::container<std::vector<int>>(
       rc::gen::oneOf(rc::gen::element(13, 33, 37, 40, 'g', ' '), rc::gen::inRange<int>('0', '9' + 1),
                      rc::gen::inRange<int>('a', 'g'), rc::gen::inRange<int>('A', 'G')));
@@ -326,7 +327,7 @@ RC_GTEST_PROP(EditModel, AnySequenceOfKeysTypesWhatThePlainRulesSay, ()) {
       if (target == plain.place) continue;
       plain.place = std::min(target, static_cast<int>(count) - 1);
       plain.typed.clear();
-      e.edit.MoveTo(target / 16, target % 16 + 1);
+      e.edit.MoveTo(bwp::ValueCell(target));
     }
   }
   RC_ASSERT(e.edit.Current().row * 16 + e.edit.Current().column - 1 == plain.place);

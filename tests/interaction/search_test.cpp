@@ -40,17 +40,12 @@ class Search : public testing::Test {
     return state.hit.length > 0 ? state.hit.start : -1;
   }
 
-  bwp::Colour ValueColour(int position) const {
-    return state.tabe.Background(position / 16, position % 16 + bwp::kFirstValueColumn);
-  }
-  bwp::Colour CharColour(int position) const {
-    return state.tabe.Background(position / 16, position % 16 + bwp::kFirstCharColumn);
-  }
   std::vector<int> Coloured() const {
     std::vector<int> positions;
     for (int position = 0; position < bwp::kPageBytes; ++position) {
-      EXPECT_EQ(ValueColour(position) == kHitColour, CharColour(position) == kHitColour);
-      if (ValueColour(position) == kHitColour) positions.push_back(position);
+      const bool coloured = state.tabe.Background(bwp::ValueCell(position)) == kHitColour;
+      EXPECT_EQ(state.tabe.Background(bwp::CharCell(position)) == kHitColour, coloured);
+      if (coloured) positions.push_back(position);
     }
     return positions;
   }
@@ -335,7 +330,7 @@ TEST_F(Search, LeavesTheMarksTheirColours) {
   search.Run(state, services, fields, false);
   Type("none");
   search.Run(state, services, fields, false);
-  EXPECT_EQ(ValueColour(shown), bwp::kMarkEndColour);
+  EXPECT_EQ(state.tabe.Background(bwp::ValueCell(shown)), bwp::kMarkEndColour);
 }
 
 TEST_F(Search, ReadsOnAcrossBlocksAsThePlainModelDoes) {

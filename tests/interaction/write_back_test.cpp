@@ -59,7 +59,7 @@ struct Page : OpenedFile {
     state.HexMode = hex;
     state.SWStart = start;
     bwp::Refresh(state, display);
-    edit.Enter(0, 1);
+    edit.Enter({0, 1});
   }
   void Type(const std::string& keys) {
     for (const char key : keys) edit.TypeKey(static_cast<std::uint8_t>(key));
@@ -81,7 +81,7 @@ TEST(WriteBack, WritesThePageAndNothingElse) {
 
 TEST(WriteBack, StopsAtTheEndOfTheFile) {
   Page p(100);
-  p.edit.MoveTo(6, 4);
+  p.edit.MoveTo({6, 4});
   p.Type("FFEE");
   EXPECT_EQ(bwp::PageBytes(p.state).size(), 100U);
   EXPECT_TRUE(WriteBackPage(p.state, p.disk));
@@ -184,7 +184,7 @@ RC_GTEST_PROP(WriteBackModel, NoByteOutsideThePageEverChanges, ()) {
     const int byte = *rc::gen::inRange(0, 256);
     std::array<char, 8> keys{};
     std::snprintf(keys.data(), keys.size(), hex ? "%02x" : "%03d", byte);
-    p.edit.MoveTo(static_cast<int>(place) / 16, static_cast<int>(place) % 16 + 1);
+    p.edit.MoveTo(bwp::ValueCell(static_cast<int>(place)));
     p.Type(keys.data());
     expected[static_cast<std::size_t>(first + place)] = static_cast<char>(byte);
   }

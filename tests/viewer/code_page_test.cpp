@@ -37,6 +37,12 @@ TEST(CodePage, ASurrogatePairIsOneCharacter) {
   EXPECT_EQ(code_page::FromUnicode(std::u16string_view(u"\xD83D")), "?");
 }
 
+TEST(CodePage, Utf8HasOneTwoOrThreeBytesACharacter) {
+  EXPECT_EQ(code_page::ToUtf8("aZ~"), "aZ~");
+  EXPECT_EQ(code_page::ToUtf8("\x80\xE9\x9F"), "\xE2\x82\xAC\xC3\xA9\xC5\xB8");
+  EXPECT_EQ(code_page::ToUtf8(std::string_view("\0\x81", 2)), std::string("\0\xC2\x81", 3));
+}
+
 TEST(CodePage, TextsKeepEveryCharacter) {
   EXPECT_EQ(code_page::ToUnicode(std::string_view("A\x80\0z", 4)), std::u16string(u"A\u20AC\0z", 4));
   EXPECT_EQ(code_page::ToUnicode(std::string_view()), u"");

@@ -22,6 +22,15 @@ TEST(PageGrid, ColoursAreTheGivenNumbers) {
   EXPECT_EQ(bwp::kHitColour, 0xFFFF00U);
 }
 
+TEST(PageGrid, ACellAndItsByteNameEachOther) {
+  EXPECT_EQ(bwp::ValueCell(0), (bwp::GridCell{0, 1}));
+  EXPECT_EQ(bwp::CharCell(511), (bwp::GridCell{31, 32}));
+  for (int position = 0; position < bwp::kPageBytes; ++position) {
+    EXPECT_EQ(bwp::PositionOf(bwp::ValueCell(position)), position);
+    EXPECT_EQ(bwp::PositionOf(bwp::CharCell(position)), position);
+  }
+}
+
 TEST(PageGrid, AByteStandsInItsRowTwice) {
   bwp::PageGrid grid;
   grid.WriteByte(0, 'A', true);

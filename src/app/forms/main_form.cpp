@@ -43,8 +43,8 @@ MainForm::MainForm(std::string progFolder)
   ConnectTools();
   ConnectClosing();
   controls_.edit->mayEnter = [this] { return !Working(); };
-  controls_.edit->afterEntering = [this] { HideFileDialogs(); };
-  controls_.edit->afterEnabling = [this] { EnableCommands(); };
+  connect(controls_.edit, &EditController::Entered, this, [this] { HideFileDialogs(); });
+  connect(controls_.edit, &EditController::ControlsEnabled, this, [this] { EnableCommands(); });
   EnableCommands();
 }
 
@@ -154,7 +154,7 @@ void MainForm::EnableCommands() {
                                     controls_.chunk->Gstart, controls_.chunk->Gend, controls_.search->Find}) {
     button->setEnabled(fileIsOpen);
   }
-  controls_.edit->edit->setEnabled(fileIsOpen && state_.FLen > 0);
+  controls_.edit->edit->setEnabled(MayEdit(state_));
 }
 
 // An operation runs, or what it has to say was not read yet.

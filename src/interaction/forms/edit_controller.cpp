@@ -17,11 +17,9 @@
 namespace bwp {
 namespace {
 
-constexpr std::uint8_t kEnter = 13;
-
 // The character that a key types, Enter being one; 0 for a key that types none, or is a command.
 std::uint8_t CharacterOf(const QKeyEvent& event) {
-  if (IsEnter(event)) return kEnter;
+  if (IsEnter(event)) return kEnterCharacter;
   if (event.modifiers().testFlag(Qt::AltModifier) || event.modifiers().testFlag(Qt::ControlModifier))
     return 0;
   const std::string text = ToCodePage(event.text());
@@ -59,11 +57,11 @@ EditController::EditController(ViewState& state, const Services& services, PageT
 
   connect(edit, &QPushButton::clicked, this, [this] { EditClicked(); });
   connect(Cancel_, &QPushButton::clicked, this, [this] { CancelClicked(); });
-  menu.onEdit = [this](PopupCell cell) { Enter(cell.row, cell.column); };
+  connect(&menu, &PageMenu::EditWanted, this, [this](GridCell cell) { Enter(cell); });
   connect(tabe.selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) {
             if (!edit_.On() || !current.isValid()) return;
-            edit_.MoveTo(current.row(), current.column());
+            edit_.MoveTo({current.row(), current.column()});
             ShowCurrentCell();
           });
   edit->installEventFilter(this);
@@ -88,7 +86,7 @@ void EditController::EditClicked() {
   if (edit_.On()) {
     Save();
   } else {
-    Enter(0, kFirstValueColumn);
+    Enter({});
   }
 }
 
@@ -101,8 +99,8 @@ void EditController::StandStill() {
   state_.ScrollStep = 0;
 }
 
-void EditController::Enter(int row, int column) {
-  if (switching_ || !edit_.MayEnter() || !mayEnter()) return;
+void EditController::Enter(GridCell cell) {
+  if (switching_ || edit_.On() || !MayEdit(state_) || !mayEnter()) return;
   const QScopedValueRollback switching(switching_, true);
   StandStill();
   Refresh(state_, services_.display);
@@ -110,9 +108,9 @@ void EditController::Enter(int row, int column) {
   // A key may have been handled meanwhile; what is edited is what the grid shows.
   StandStill();
   state_.SWStart = state_.SWPrev;
-  edit_.Enter(row, column);
+  edit_.Enter(cell);
   if (!edit_.On()) return EnableAll();  // a file without a byte was opened meanwhile
-  if (afterEntering) afterEntering();
+  Q_EMIT Entered();
   edit->setText(QStringLiteral("Save"));
   tabe_.setEnabled(true);
   edit->setEnabled(true);
@@ -152,29 +150,26 @@ void EditController::EnableAll() {
   EnableControls(form_, services_.display);
   tabe_.setEnabled(false);
   Cancel_->setEnabled(false);
-  if (afterEnabling) afterEnabling();
+  Q_EMIT ControlsEnabled();
   edit->setFocus();
 }
 
 void EditController::ShowCurrentCell() {
-  const EditCell cell = edit_.Current();
-  tabe_.SetCurrentCell({cell.row, cell.column});
+  tabe_.SetCurrentCell(edit_.Current());
   tabe_.ShowPage();
 }
 
 // Characters and Enter are typed into the cell; all other keys move the grid's current cell, or do nothing.
 bool EditController::GridKey(const QKeyEvent& event) {
-  const std::uint8_t code = CharacterOf(event);
-  if (!edit_.On() || code == 0) return false;
-  edit_.TypeKey(code);
+  const std::uint8_t character = CharacterOf(event);
+  if (!edit_.On() || character == 0) return false;
+  edit_.TypeKey(character);
   ShowCurrentCell();
   return true;
 }
 
 bool EditController::ButtonKey(const QKeyEvent& event) {
-  const std::uint8_t code = CharacterOf(event);
-  if (!edit_.On() || code < 37 || code > 40) return false;
-  edit_.ButtonKey(code);
+  if (!edit_.ButtonKey(CharacterOf(event))) return false;
   ShowCurrentCell();
   return true;
 }
@@ -183,8 +178,7 @@ bool EditController::DoubleClicked(const QMouseEvent& event) {
   const QPoint global = event.globalPosition().toPoint();
   if (event.button() != Qt::LeftButton || edit_.On()) return false;
   if (!tabe_.rect().contains(tabe_.mapFromGlobal(global))) return false;
-  const PopupCell cell = ByteCellAt(tabe_, global);
-  Enter(cell.row, cell.column);
+  Enter(ByteCellAt(tabe_, global));
   return true;
 }
 

@@ -8,7 +8,6 @@
 #include "interaction/edit_mode.h"
 #include "interaction/forms/page_menu.h"
 
-class QAbstractButton;
 class QKeyEvent;
 class QMouseEvent;
 class QPushButton;
@@ -19,8 +18,10 @@ namespace bwp {
 /// entered by the button, the grid's pop-up menu and a double click on the grid, switches the form's other
 /// controls off meanwhile, and hands the grid's keys to the engine.
 class EditController : public QWidget {
+  Q_OBJECT
+
  public:
-  /// `form` is the window whose controls are switched; `menu` gets its `onEdit` from here.
+  /// `form` is the window whose controls are switched.
   EditController(ViewState& state, const Services& services, PageTable& tabe, PageMenu& menu, QWidget& form,
                  QWidget* parent = nullptr);
 
@@ -31,20 +32,20 @@ class EditController : public QWidget {
   /// Whether the mode may begin now. It may not while something works on the file.
   std::function<bool()> mayEnter = [] { return true; };
 
-  /// Called when the mode has begun: what could open another file must not be at hand while it is on.
-  std::function<void()> afterEntering;
-
-  /// Called when every control has been enabled again, to disable those that make no sense now.
-  std::function<void()> afterEnabling;
-
   QPushButton* edit;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ Q_SIGNALS:
+  /// The mode has begun: what could open another file must not be at hand while it is on.
+  void Entered();
+  /// Every control has been enabled again, those that make no sense now among them.
+  void ControlsEnabled();
+
  private:
   void EditClicked();
   void CancelClicked();
-  void Enter(int row, int column);
+  void Enter(GridCell cell);
   void Save();
   void StandStill();
   void EnableAll();

@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 
+#include "interaction/edit_mode.h"
 #include "interaction/forms/control_switch.h"
 
 namespace bwp {
@@ -20,9 +21,7 @@ PageMenu::PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget&
   connect(AddEntry(QStringLiteral("popmdefault"), QStringLiteral("Default Mark")), &QAction::triggered, this,
           [this, &display] { MarkWholeFile(state_, display); });
   popedit_ = AddEntry(QStringLiteral("popedit"), QStringLiteral("Edit"));
-  connect(popedit_, &QAction::triggered, this, [this] {
-    if (onEdit) onEdit(cell_);
-  });
+  connect(popedit_, &QAction::triggered, this, [this] { Q_EMIT EditWanted(cell_); });
   window.installEventFilter(this);
 }
 
@@ -68,9 +67,8 @@ bool PageMenu::IsOnAnotherControl(const QPoint& global) const {
   return false;
 }
 
-// An empty file holds nothing to edit.
 void PageMenu::PopUp(const QPoint& global) {
-  popedit_->setEnabled(state_.FLen > 0);
+  popedit_->setEnabled(MayEdit(state_));
   popmark_->popup(global);
 }
 
@@ -83,14 +81,14 @@ bool PageMenu::MenuKeyPressed() {
   return true;
 }
 
-PopupCell ByteCellAt(const PageTable& tabe, const QPoint& global) {
+GridCell ByteCellAt(const PageTable& tabe, const QPoint& global) {
   const QWidget& cells = *tabe.viewport();
   const QPoint place = cells.mapFromGlobal(global);
   const QPoint nearest(std::clamp(place.x(), 0, cells.width() - 1),
                        std::clamp(place.y(), 0, cells.height() - 1));
   const int row = tabe.rowAt(nearest.y());
   const int column = tabe.columnAt(nearest.x());
-  return NearestByteCell(row < 0 ? kRows : row, column < 0 ? kColumns : column);
+  return NearestByteCell({row < 0 ? kRows : row, column < 0 ? kColumns : column});
 }
 
 }  // namespace bwp

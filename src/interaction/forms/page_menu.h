@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include <QMenu>
 #include <QObject>
 
@@ -13,14 +11,17 @@ namespace bwp {
 /// The grid's pop-up menu `popmark`: comes up where the right button is pressed on the form below the grid's
 /// top edge, for the nearest byte, or by the keyboard's Menu key, for the page's first byte.
 class PageMenu : public QObject {
+  Q_OBJECT
+
  public:
   /// `window` is the form whose mouse is watched; the grid lies in it.
   PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget& window);
 
-  /// What `popedit` does; it is handed the cell that was pointed at.
-  std::function<void(PopupCell)> onEdit;
-
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+ Q_SIGNALS:
+  /// `popedit` was chosen for the cell that was pointed at.
+  void EditWanted(GridCell cell);
 
  private:
   QAction* AddEntry(const QString& name, const QString& text);
@@ -35,10 +36,10 @@ class PageMenu : public QObject {
   QWidget& window_;
   QMenu* popmark_;
   QAction* popedit_ = nullptr;
-  PopupCell cell_;  // PopupRow and PopupCol
+  GridCell cell_;  // PopupRow and PopupCol
 };
 
 /// The cell of a byte that is nearest to a place on the screen.
-PopupCell ByteCellAt(const PageTable& tabe, const QPoint& global);
+GridCell ByteCellAt(const PageTable& tabe, const QPoint& global);
 
 }  // namespace bwp

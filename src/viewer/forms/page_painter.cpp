@@ -37,7 +37,7 @@ void PagePainter::PaintPage(QPainter& painter, const PageGrid& grid, const QPale
   withoutPicture_.clear();
   BlitPictures(painter, grid);
   const QColor empty = ThemeColour(palette, QPalette::Base);
-  for (const Cell& cell : withoutPicture_) PaintByteCell(painter, grid, cell, empty);
+  for (const GridCell& cell : withoutPicture_) PaintByteCell(painter, grid, cell, empty);
   for (int row = 0; row < kRows; ++row) {
     PaintThemeCell(painter, {row, kOffsetColumn}, grid.Text(row, kOffsetColumn), palette);
   }
@@ -53,7 +53,7 @@ void PagePainter::PaintRuler(QPainter& painter, bool hex, const QPalette& palett
   themeTexts_.Draw(painter, ThemeColour(palette, QPalette::ButtonText));
 }
 
-QRect PagePainter::PlaceOf(Cell cell) const {
+QRect PagePainter::PlaceOf(GridCell cell) const {
   return {geometry_.Left(cell.column), cell.row * geometry_.rowHeight, geometry_.Width(cell.column),
           geometry_.rowHeight};
 }
@@ -79,7 +79,7 @@ void PagePainter::BlitPictures(QPainter& painter, const PageGrid& grid) {
   painter.restore();
 }
 
-void PagePainter::PaintByteCell(QPainter& painter, const PageGrid& grid, Cell cell, const QColor& empty) {
+void PagePainter::PaintByteCell(QPainter& painter, const PageGrid& grid, GridCell cell, const QColor& empty) {
   const std::string_view text = grid.Text(cell.row, cell.column);
   const Colour colour = grid.Background(cell.row, cell.column);
   const bool holdsNothing = text.empty() && colour == kValueColour;
@@ -87,14 +87,14 @@ void PagePainter::PaintByteCell(QPainter& painter, const PageGrid& grid, Cell ce
   AddText(byteTexts_, cell, text);
 }
 
-void PagePainter::PaintThemeCell(QPainter& painter, Cell cell, std::string_view text,
+void PagePainter::PaintThemeCell(QPainter& painter, GridCell cell, std::string_view text,
                                  const QPalette& palette) {
   PaintBlankCell(painter, PlaceOf(cell), ThemeColour(palette, QPalette::Button),
                  ThemeColour(palette, QPalette::Mid));
   AddText(themeTexts_, cell, text);
 }
 
-void PagePainter::AddText(GlyphRun& run, Cell cell, std::string_view text) const {
+void PagePainter::AddText(GlyphRun& run, GridCell cell, std::string_view text) const {
   run.Add(text, geometry_.TextRight(cell.column), cell.row * geometry_.rowHeight + geometry_.baseline);
 }
 

@@ -33,22 +33,18 @@ class PagePainter {
   void PaintRuler(QPainter& painter, bool hex, const QPalette& palette);
 
  private:
-  struct Cell {
-    int row;
-    int column;
-  };
-  QRect PlaceOf(Cell cell) const;
+  QRect PlaceOf(GridCell cell) const;
   void BlitPictures(QPainter& painter, const PageGrid& grid);
-  void PaintByteCell(QPainter& painter, const PageGrid& grid, Cell cell, const QColor& empty);
-  void PaintThemeCell(QPainter& painter, Cell cell, std::string_view text, const QPalette& palette);
-  void AddText(GlyphRun& run, Cell cell, std::string_view text) const;
+  void PaintByteCell(QPainter& painter, const PageGrid& grid, GridCell cell, const QColor& empty);
+  void PaintThemeCell(QPainter& painter, GridCell cell, std::string_view text, const QPalette& palette);
+  void AddText(GlyphRun& run, GridCell cell, std::string_view text) const;
 
   GlyphCache glyphs_;
   CellGeometry geometry_;
   CellPictures pictures_;
   GlyphRun themeTexts_;
   GlyphRun byteTexts_;
-  std::vector<Cell> withoutPicture_;  // a buffer of PaintPage
+  std::vector<GridCell> withoutPicture_;  // a buffer of PaintPage
   int pages_ = 0;
 };
 

@@ -21,20 +21,20 @@ void PageTable::NameColumns(bool hex) {
   model_.SetHex(hex);
 }
 
-std::optional<PageTable::Cell> PageTable::CellAt(const QPoint& global) const {
+std::optional<GridCell> PageTable::CellAt(const QPoint& global) const {
   const QPoint place = viewport()->mapFromGlobal(global);
-  const Cell cell{rowAt(place.y()), columnAt(place.x())};
+  const GridCell cell{rowAt(place.y()), columnAt(place.x())};
   if (cell.row < 0 || cell.column < 0) return std::nullopt;
   return cell;
 }
 
-std::optional<PageTable::Cell> PageTable::CurrentCell() const {
+std::optional<GridCell> PageTable::CurrentCell() const {
   const QModelIndex current = currentIndex();
   if (!current.isValid()) return std::nullopt;
-  return Cell{current.row(), current.column()};
+  return GridCell{current.row(), current.column()};
 }
 
-void PageTable::SetCurrentCell(Cell cell) {
+void PageTable::SetCurrentCell(GridCell cell) {
   setCurrentIndex(model_.index(cell.row, cell.column));
 }
 

@@ -14,12 +14,6 @@ namespace bwp {
 class PageTable : public QTableView {
   Q_OBJECT
  public:
-  struct Cell {
-    int row;
-    int column;
-    friend bool operator==(const Cell&, const Cell&) = default;
-  };
-
   explicit PageTable(const PageGrid& grid, QWidget* parent = nullptr);
 
   /// Shows what stands in the grid now.
@@ -28,11 +22,11 @@ class PageTable : public QTableView {
   void NameColumns(bool hex);
 
   /// The cell under a place on the screen (global position); none outside the cells.
-  std::optional<Cell> CellAt(const QPoint& global) const;
+  std::optional<GridCell> CellAt(const QPoint& global) const;
 
   /// The current cell; none before one was chosen.
-  std::optional<Cell> CurrentCell() const;
-  void SetCurrentCell(Cell cell);
+  std::optional<GridCell> CurrentCell() const;
+  void SetCurrentCell(GridCell cell);
 
   QSize sizeHint() const override;
 

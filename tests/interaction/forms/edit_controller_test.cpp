@@ -9,7 +9,7 @@
 namespace {
 
 using bwp::test::ReadFile;
-using Cell = bwp::PageTable::Cell;
+using Cell = bwp::GridCell;
 using Form = bwp::test::EditForm;
 
 TEST(EditController, TheButtonTurnsTheModeOnAtTheFirstCell) {
@@ -228,7 +228,8 @@ TEST(EditController, AFileThatAnotherProgramChangedIsShownAsItIsNow) {
 
 TEST(EditController, WhoeverOwnsTheFormIsAskedToDisableWhatMakesNoSense) {
   Form f(5000);
-  f.controller->afterEnabling = [&] { f.MenuExit->setEnabled(false); };
+  QObject::connect(f.controller, &bwp::EditController::ControlsEnabled,
+                   [&] { f.MenuExit->setEnabled(false); });
   f.Click(f.edit);
   f.Click(f.Cancel);
   EXPECT_FALSE(f.MenuExit->isEnabled());

@@ -8,7 +8,7 @@ namespace {
 
 using bwp::test::ExpectPageOfFile;
 using bwp::test::ReadFile;
-using Cell = bwp::PageTable::Cell;
+using Cell = bwp::GridCell;
 using Form = bwp::test::EditForm;
 
 TEST(EditSwitching, EnteringEndsTypingSearchingAndSteppingAndShowsThePageOfTheViewState) {
@@ -74,7 +74,7 @@ TEST(EditSwitching, TheStepsOfEnteringSavingAndCancellingHaveTheirOrder) {
                     (f.Find<QWidget>("Gstart")->isEnabled() ? " others" : ""));
   };
   f.display.onRedraw = [&] { note("refresh"); };
-  f.controller->afterEnabling = [&] { note("enabled"); };
+  QObject::connect(f.controller, &bwp::EditController::ControlsEnabled, [&] { note("enabled"); });
   f.Click(f.edit);
   EXPECT_EQ(steps, (std::vector<std::string>{"refresh off Edit others"}));
   steps.clear();

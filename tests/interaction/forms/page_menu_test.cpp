@@ -148,12 +148,11 @@ TEST(PageMenu, TheMenuKeyPointsAtThePagesFirstByte) {
 
 TEST(PageMenu, EditIsHandedTheCell) {
   Menu m(5000);
-  bwp::PopupCell seen;
-  m.menu->onEdit = [&](bwp::PopupCell cell) { seen = cell; };
+  bwp::GridCell seen;
+  QObject::connect(m.menu.get(), &PageMenu::EditWanted, [&](bwp::GridCell cell) { seen = cell; });
   m.RightPress(m.InWindow(7, 21));
   ASSERT_TRUE(m.Choose("popedit"));
-  EXPECT_EQ(seen.row, 7);
-  EXPECT_EQ(seen.column, 21);
+  EXPECT_EQ(seen, (bwp::GridCell{7, 21}));
 }
 
 TEST(PageMenu, StaysAwayWhenAllItsEntriesAreDisabled) {

@@ -117,7 +117,7 @@ TEST(PageTable, DisabledItLeavesTheMouseToTheForm) {
   const QPoint place = table->visualRect(table->model()->index(3, 20)).center();
   QTest::mouseClick(table->viewport(), Qt::RightButton, {}, place);
   EXPECT_EQ(form.presses, 1);
-  EXPECT_EQ(table->CellAt(form.last), (PageTable::Cell{3, 20}));
+  EXPECT_EQ(table->CellAt(form.last), (bwp::GridCell{3, 20}));
   QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, place);
   EXPECT_EQ(form.doubles, 1);
   EXPECT_EQ(table->CurrentCell(), std::nullopt);
@@ -133,10 +133,10 @@ TEST(PageTable, EnabledItTakesAClickAndTheArrowKeys) {
   QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                     table->visualRect(table->model()->index(3, 5)).center());
   EXPECT_EQ(form.presses, 0);
-  EXPECT_EQ(table->CurrentCell(), (PageTable::Cell{3, 5}));
+  EXPECT_EQ(table->CurrentCell(), (bwp::GridCell{3, 5}));
   QTest::keyClick(table, Qt::Key_Down);
   QTest::keyClick(table, Qt::Key_Left);
-  EXPECT_EQ(table->CurrentCell(), (PageTable::Cell{4, 4}));
+  EXPECT_EQ(table->CurrentCell(), (bwp::GridCell{4, 4}));
 }
 
 TEST(PageTable, TheOffsetColumnIsNeverCurrent) {
@@ -146,10 +146,10 @@ TEST(PageTable, TheOffsetColumnIsNeverCurrent) {
   table.setEnabled(true);
   table.SetCurrentCell({2, 1});
   QTest::keyClick(&table, Qt::Key_Left);
-  EXPECT_EQ(table.CurrentCell(), (PageTable::Cell{2, 1}));
+  EXPECT_EQ(table.CurrentCell(), (bwp::GridCell{2, 1}));
   QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
                     table.visualRect(table.model()->index(3, 0)).center());
-  EXPECT_EQ(table.CurrentCell(), (PageTable::Cell{2, 1}));
+  EXPECT_EQ(table.CurrentCell(), (bwp::GridCell{2, 1}));
 }
 
 TEST(PageTable, OutsideTheCellsThereIsNoCell) {
@@ -158,7 +158,7 @@ TEST(PageTable, OutsideTheCellsThereIsNoCell) {
   table.show();
   EXPECT_EQ(table.CellAt(table.viewport()->mapToGlobal(QPoint(-5, 5))), std::nullopt);
   EXPECT_EQ(table.CellAt(table.viewport()->mapToGlobal(QPoint(5, table.viewport()->height()))), std::nullopt);
-  EXPECT_EQ(table.CellAt(table.viewport()->mapToGlobal(QPoint(0, 0))), (PageTable::Cell{0, 0}));
+  EXPECT_EQ(table.CellAt(table.viewport()->mapToGlobal(QPoint(0, 0))), (bwp::GridCell{0, 0}));
 }
 
 // The cell's pixels inside its grid lines.
