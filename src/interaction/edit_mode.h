@@ -62,7 +62,7 @@ class EditMode {
   std::uint64_t openings_ = 0;  // which opening of a file the page is of
 };
 
-/// The byte that a value cell's text stands for: at most 255, 0 for what is no number.
+/// The byte that a value cell's text means: at most 255, 0 for what is no number.
 std::uint8_t CellByte(std::string_view text, bool hex);
 
 }  // namespace bwp

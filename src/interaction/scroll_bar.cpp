@@ -105,7 +105,7 @@ void ScrollBar::TurnWheel(int lines) {
 }
 
 void ScrollBar::HoldElapsed() {
-  // The wait is over before the scrolling begins: a button pressed anew while it ends has a wait of its own.
+  // The wait is over before the scrolling begins: a button pressed again while it ends has a wait of its own.
   timer_.Disable();
   state_.AutoScroll = true;
   Refresh(state_, display_);

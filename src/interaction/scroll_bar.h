@@ -7,7 +7,7 @@
 
 namespace bwp {
 
-/// The timer behind a held button or key (`TimVSCR`): half a second after it was enabled, and unless it was
+/// The timer of a held button or key (`TimVSCR`): half a second after it was enabled, and unless it was
 /// disabled before, it reports once to ScrollBar::HoldElapsed.
 class HoldTimer {
  public:

@@ -9,8 +9,8 @@
 
 namespace bwp {
 
-/// The search of the open file: finds the term, shows the page that it stands on and colours its bytes. Each
-/// further search goes on behind the hit, until the term is edited; after the last hit it starts over. The
+/// The search of the open file: finds the term, shows the page that holds it and colours its bytes. Each
+/// further search goes on after the hit, until the term is edited; after the last hit it starts over. The
 /// main form owns the one instance.
 class Search {
  public:

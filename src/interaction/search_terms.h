@@ -6,7 +6,7 @@
 namespace bwp {
 
 /// The texts of the three search fields, in the program's character set: the term as characters, as two-digit
-/// hexadecimal bytes and as decimal bytes, each byte followed by a blank. The person types into one of them;
+/// hexadecimal bytes and as decimal bytes, each byte followed by a space. The person types into one of them;
 /// the other two mirror it.
 struct SearchFields {
   std::string Atext, Htext, Dtext;
@@ -23,8 +23,8 @@ void MirrorHtext(SearchFields& fields);
 /// counts as 255.
 void MirrorDtext(SearchFields& fields);
 
-/// The bytes to search for, which Dtext alone decides: each piece between blanks is one byte; above 255 it is
-/// 255, and what does not begin with a digit is 0. Empty when Dtext holds nothing but blanks.
+/// The bytes to search for, which Dtext alone decides: each piece between spaces is one byte; above 255 it is
+/// 255, and what does not begin with a digit is 0. Empty when Dtext holds nothing but spaces.
 std::string SearchTerm(std::string_view Dtext);
 
 }  // namespace bwp

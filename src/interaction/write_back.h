@@ -10,9 +10,9 @@ namespace bwp {
 /// The bytes that the grid's value cells stand for, from the page's start to its end or the file's.
 std::string PageBytes(const ViewState& state);
 
-/// Writes the page as it stands in the grid over the same bytes of the open file, and sees it safely on the
+/// Writes the page as the grid shows it over the same bytes of the open file, and sees it safely on the
 /// disk. No other byte changes and the file keeps its length. False, and nothing is written, when another
-/// program replaced the file or changed its length. Throws the platform's error, with the path, when the file
+/// program replaced the file or changed its length. Throws RunTimeError, with the path, when the file
 /// cannot be opened, written, synced or closed.
 bool WriteBackPage(const ViewState& state, const Disk& disk);
 

@@ -91,7 +91,7 @@ void EditController::EditClicked() {
 }
 
 // Whatever is typed, searched or scrolled when the mode is entered ends, a scrolling that waits for the
-// screen further out in the call included: none of it may move the page, or show it anew, under the edits.
+// screen further out in the call included: none of it may move the page, or show it again, under the edits.
 void EditController::StandStill() {
   state_.FieldTyping = false;
   state_.ForceRefresh = false;
@@ -145,7 +145,7 @@ void EditController::CancelClicked() {
   edit->setText(QStringLiteral("Edit"));
 }
 
-// Outside the mode the grid leaves the mouse to the form behind it, and there is nothing to discard.
+// Outside the mode the grid leaves the mouse to the form, and there is nothing to discard.
 void EditController::EnableAll() {
   EnableControls(form_, services_.display);
   tabe_.setEnabled(false);

@@ -58,7 +58,7 @@ bool PageMenu::MousePressed(const QPoint& global) {
   return true;
 }
 
-// Many controls leave the right mouse button to the form behind them, but are no place to point at a byte.
+// Many controls leave the right mouse button to the form, but are no place to point at a byte.
 bool PageMenu::IsOnAnotherControl(const QPoint& global) const {
   const QWidget* under = window_.childAt(window_.mapFromGlobal(global));
   for (; under != nullptr && under != &window_ && under != &tabe_; under = under->parentWidget()) {

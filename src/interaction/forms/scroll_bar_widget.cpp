@@ -74,7 +74,7 @@ void ScrollBarWidget::LetGo() {
 }
 
 void ScrollBarWidget::TurnWheel(int eighths) {
-  // In edit mode the page stands still.
+  // In edit mode the page does not move.
   if (!VSBack_->isEnabled()) return;
   wheel_ += eighths;
   const int lines = wheel_ / kEighthsPerLine;
@@ -83,7 +83,7 @@ void ScrollBarWidget::TurnWheel(int eighths) {
 }
 
 bool ScrollBarWidget::eventFilter(QObject* watched, QEvent* event) {
-  // A disabled part's events pass here as well; they are for the form behind it.
+  // A disabled part's events pass here as well; they are for the form.
   const bool takesMouse = static_cast<const QWidget*>(watched)->isEnabled();
   if (watched == VSB_) return takesMouse && ThumbMouse(*event);
   if (event->type() == QEvent::EnabledChange && !takesMouse) bar_.Stop();
@@ -128,7 +128,7 @@ bool ScrollBarWidget::ThumbMouse(QEvent& event) {
       bar_.ReleaseThumb();
       return true;
     case QEvent::MouseMove: {
-      // Measured on the track, which stands still: the thumb moves under the pointer, by parts of a pixel.
+      // Measured on the track, which does not move: the thumb moves under the pointer, by parts of a pixel.
       const double onTrack = ToUnits(VSBack_->mapFromGlobal(mouse.globalPosition()).y());
       bar_.DragThumb(mouse.buttons() != Qt::NoButton, onTrack - state_.thumb.top);
       return true;
