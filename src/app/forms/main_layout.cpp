@@ -14,15 +14,14 @@
 #include "viewer/forms/page_table.h"
 #include "viewer/forms/position_panel.h"
 #include "viewer/forms/ruler.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
 
 QPushButton* MakeOpenButton() {
   auto* const button = new QPushButton(QStringLiteral("Open"));
-  button->setObjectName(QStringLiteral("opn"));
-  button->setAccessibleName(QStringLiteral("Open a file"));
-  button->setToolTip(QStringLiteral("Open a file"));
+  Name(*button, QStringLiteral("opn"), QStringLiteral("Open a file"), QStringLiteral("Open a file"));
   return button;
 }
 

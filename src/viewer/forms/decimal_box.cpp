@@ -2,6 +2,7 @@
 
 #include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 
@@ -9,8 +10,7 @@ DecimalBox::DecimalBox(const QString& name, const QString& accessibleName, QWidg
     : QLineEdit(parent) {
   // The longest text that is ever shown, then room for the cursor and the frame.
   constexpr int kRoom = 16;
-  setObjectName(name);
-  setAccessibleName(accessibleName);
+  Name(*this, name, accessibleName);
   setFont(CellFont());
   // What is dropped here is a file for the window.
   setAcceptDrops(false);

@@ -5,6 +5,7 @@
 #include <QScreen>
 
 #include "viewer/forms/place_control.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
@@ -46,8 +47,7 @@ QLabel& FileDialog::AddNote(const QString& name, const QString& heading) {
 
 QPushButton& FileDialog::AddButton(const QString& name, const QString& text) {
   auto* button = new QPushButton(text, this);
-  button->setObjectName(name);
-  button->setAccessibleName(text);
+  Name(*button, name, text);
   button->setDefault(buttons_.empty());
   button->setAutoDefault(buttons_.empty());
   buttons_.push_back(button);
@@ -61,9 +61,7 @@ void FileDialog::AddCancel() {
 
 void FileDialog::Present() {
   lists_.ShowLastFolder();
-  show();
-  raise();
-  activateWindow();
+  BringUp(*this);
 }
 
 void FileDialog::resizeEvent(QResizeEvent* event) {

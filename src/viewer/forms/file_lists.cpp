@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 #include "viewer/paths.h"
 #include "viewer/volumes.h"
 
@@ -53,15 +54,12 @@ FileLists::FileLists(ViewState& state, Notices& notices, QWidget& dialog, Select
       folders_(new NameList(&dialog)),
       files_(new NameList(&dialog)),
       folderDelegate_(new FolderDelegate(folders_)) {
-  drive_->setObjectName(QStringLiteral("Drive1"));
-  drive_->setAccessibleName(QStringLiteral("Drive"));
+  Name(*drive_, QStringLiteral("Drive1"), QStringLiteral("Drive"));
   drive_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  folders_->setObjectName(QStringLiteral("Dlist"));
-  folders_->setAccessibleName(QStringLiteral("Folders"));
+  Name(*folders_, QStringLiteral("Dlist"), QStringLiteral("Folders"));
   folders_->setItemDelegate(folderDelegate_);
   folders_->setModel(&folderModel_);
-  files_->setObjectName(QStringLiteral("Flist"));
-  files_->setAccessibleName(QStringLiteral("Files"));
+  Name(*files_, QStringLiteral("Flist"), QStringLiteral("Files"));
   files_->setModel(&fileModel_);
   if (selection == Selection::kMany) files_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   settle_.setSingleShot(true);

@@ -11,6 +11,7 @@
 #include "viewer/forms/cell_painting.h"
 #include "viewer/forms/keys.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
@@ -23,8 +24,7 @@ constexpr int kMargin = 3;
 
 OffsetBox::OffsetBox(const QString& name, const QString& accessibleName, QWidget* parent)
     : QTextEdit(parent) {
-  setObjectName(name);
-  setAccessibleName(accessibleName);
+  Name(*this, name, accessibleName);
   setFont(CellFont());
   setAcceptRichText(false);
   setUndoRedoEnabled(false);

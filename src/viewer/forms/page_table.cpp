@@ -3,11 +3,12 @@
 #include <QHeaderView>
 #include <QPainter>
 
+#include "viewer/forms/widgets.h"
+
 namespace bwp {
 
 PageTable::PageTable(const PageGrid& grid, QWidget* parent) : QTableView(parent), grid_(grid), model_(grid) {
-  setObjectName(QStringLiteral("tabe"));
-  setAccessibleName(QStringLiteral("Bytes of the Show Window"));
+  Name(*this, QStringLiteral("tabe"), QStringLiteral("Bytes of the Show Window"));
   LayOutLikePage(*this, model_, painter_.Geometry(), kRows);
   setSelectionMode(SingleSelection);
   setEnabled(false);

@@ -9,6 +9,7 @@
 #include "viewer/forms/decimal_box.h"
 #include "viewer/forms/keys.h"
 #include "viewer/forms/offset_box.h"
+#include "viewer/forms/widgets.h"
 #include "viewer/position_entry.h"
 
 namespace bwp {
@@ -16,8 +17,7 @@ namespace {
 
 QRadioButton* MakeOption(const QString& name, const QString& text, QWidget* parent) {
   auto* const option = new QRadioButton(text, parent);
-  option->setObjectName(name);
-  option->setAccessibleName(QStringLiteral("Show bytes in ") + text.toLower());
+  Name(*option, name, QStringLiteral("Show bytes in ") + text.toLower());
   return option;
 }
 

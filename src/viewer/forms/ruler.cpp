@@ -4,6 +4,7 @@
 
 #include "viewer/forms/page_table.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 
@@ -32,8 +33,7 @@ void RulerModel::SetHex(bool hex) {
 }
 
 Ruler::Ruler(QWidget* parent) : QTableView(parent) {
-  setObjectName(QStringLiteral("Ruler"));
-  setAccessibleName(QStringLiteral("Column ruler"));
+  Name(*this, QStringLiteral("Ruler"), QStringLiteral("Column ruler"));
   LayOutLikePage(*this, model_, painter_.Geometry(), 1);
   setSelectionMode(NoSelection);
   setFocusPolicy(Qt::NoFocus);

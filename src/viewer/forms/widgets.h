@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace bwp {
+
+/// Gives a control its object name, the name that a screen reader says and, where there is one, its tooltip.
+/// A label or anything else that shows a text gets no spoken name: it would be heard in place of the text.
+void Name(QWidget& widget, const QString& name, const QString& spoken, const QString& tip = {});
+
+/// Shows a window, in front of the others and with the focus.
+void BringUp(QWidget& window);
+
+}  // namespace bwp
