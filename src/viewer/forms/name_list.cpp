@@ -17,10 +17,13 @@ NameList::NameList(QWidget* parent) : QListView(parent) {
 }
 
 void NameList::mousePressEvent(QMouseEvent* event) {
-  // A press beside the rows would give up a multiple selection without a row to tell of.
+  if (event->button() != Qt::LeftButton) return;
+  // The release of an earlier press may never have come: the window was hidden, a menu took it.
+  pressed_ = QModelIndex();
+  // A press beside the rows would give up a multiple selection without a row to report.
   if (!indexAt(event->position().toPoint()).isValid()) return;
   QListView::mousePressEvent(event);
-  if (event->button() == Qt::LeftButton) pressedRow_ = currentIndex().row();
+  pressed_ = currentIndex();
 }
 
 void NameList::mouseMoveEvent(QMouseEvent* event) {
@@ -28,16 +31,16 @@ void NameList::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void NameList::mouseReleaseEvent(QMouseEvent* event) {
-  QListView::mouseReleaseEvent(event);
   if (event->button() != Qt::LeftButton) return;
-  const int row = std::exchange(pressedRow_, -1);
-  if (row >= 0) Q_EMIT RowPicked(row);
+  QListView::mouseReleaseEvent(event);
+  const QModelIndex picked = std::exchange(pressed_, {});
+  if (picked.isValid()) Q_EMIT RowPicked(picked.row());
 }
 
 void NameList::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->position().toPoint());
   if (event->button() != Qt::LeftButton || !index.isValid()) return;
-  pressedRow_ = -1;
+  pressed_ = QModelIndex();
   setCurrentIndex(index);
   Q_EMIT RowChosen(index.row());
 }
@@ -54,14 +57,15 @@ void NameList::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const QItemSelection selected = selectionModel()->selection();
-  if ((key == Qt::Key_Down || key == Qt::Key_Up) && selected.isEmpty() && current.isValid()) {
+  const bool arrow = (key == Qt::Key_Down || key == Qt::Key_Up) && event->modifiers() != Qt::ControlModifier;
+  if (arrow && selected.isEmpty() && current.isValid()) {
     // A list that got the focus stands on its first row without having selected it; the first key does.
     selectionModel()->select(current, QItemSelectionModel::Select);
   } else {
     QListView::keyPressEvent(event);
   }
-  const bool moved = currentIndex() != current || selectionModel()->selection() != selected;
-  if (moved && currentIndex().isValid()) Q_EMIT RowPicked(currentIndex().row());
+  const bool picked = selectionModel()->selection() != selected;
+  if (picked && currentIndex().isValid()) Q_EMIT RowPicked(currentIndex().row());
 }
 
 }  // namespace bwp

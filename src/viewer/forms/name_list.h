@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QListView>
+#include <QPersistentModelIndex>
 
 namespace bwp {
 
-/// A list of names that tells which row a person picked, by mouse or by keys alike. Dragging selects nothing.
+/// A list of names that reports which row a person picked, by mouse or by keys alike. Dragging selects
+/// nothing, and neither do the other mouse buttons. Rows may come and go while the button is down.
 class NameList : public QListView {
   Q_OBJECT
 
@@ -12,7 +14,7 @@ class NameList : public QListView {
   explicit NameList(QWidget* parent);
 
  Q_SIGNALS:
-  /// A row was clicked, or the keys went to it or selected it.
+  /// A row was clicked, or the keys selected or unselected it.
   void RowPicked(int row);
   /// A row was double-clicked, or Enter was pressed on it.
   void RowChosen(int row);
@@ -27,7 +29,7 @@ class NameList : public QListView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  int pressedRow_ = -1;
+  QPersistentModelIndex pressed_;
 };
 
 }  // namespace bwp

@@ -39,6 +39,17 @@ TEST_F(Fjoin, JoinsInTheOrderOfTheClicks) {
   EXPECT_FALSE(Visible("Fjoin"));
 }
 
+TEST_F(Fjoin, TakesAKeysMoveWithoutASelectionForNoPick) {
+  for (const char* name : {"a", "b", "c"}) folder_.Write(name, name);
+  Press("Divide", "Join");
+  ClickRow(Files("Fjoin"), "a");
+  QTest::keyClick(&Files("Fjoin"), Qt::Key_Down, Qt::ControlModifier);
+  QTest::keyClick(&Files("Fjoin"), Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(Names(), "\"a\" ");
+  QTest::keyClick(&Files("Fjoin"), Qt::Key_Space, Qt::ControlModifier);
+  EXPECT_EQ(Names(), "\"a\" \"c\" ");
+}
+
 TEST_F(Fjoin, PlacesOnlyTheClickedOneOfARange) {
   for (const char* name : {"a", "b", "c"}) folder_.Write(name, name);
   Press("Divide", "Join");
