@@ -25,7 +25,6 @@ Dialog::Dialog(bool& answer, QWidget* parent)
   setObjectName(QStringLiteral("Dialog"));
   setWindowTitle(QStringLiteral("Are You sure ?"));
   warning_->setObjectName(QStringLiteral("Warning"));
-  warning_->setAccessibleName(QStringLiteral("Question"));
   warning_->setText(
       QStringLiteral("Warning sdfsdffd  fsdfsdfsdf fdsfsdfsd sdfsdfsdf sdfsdfsdf fsdfsdf "
                      "fsdffsdsfd fdsff"));

@@ -32,7 +32,6 @@ Progform::Progform(QWidget* parent)
   bar_->setRange(0, 100);
   bar_->setValue(0);
   lab_->setObjectName(QStringLiteral("Lab"));
-  lab_->setAccessibleName(QStringLiteral("Current step"));
   // So that lines below each other line up.
   lab_->setFont(CellFont());
   auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);

@@ -27,6 +27,7 @@ QLabel* Heading(QWidget& dialog, const QString& text, QWidget& of) {
 FileDialog::FileDialog(ViewState& state, Notices& notices, QWidget* parent, FileLists::Selection selection)
     : QDialog(parent),
       lists_(state, notices, *this, selection),
+      driveHeading_(Heading(*this, QStringLiteral("Drive"), lists_.Drive())),
       foldersHeading_(Heading(*this, QStringLiteral("Folder"), lists_.Folders())),
       filesHeading_(Heading(*this, QStringLiteral("Files"), lists_.Files())) {
   setSizeGripEnabled(false);
@@ -34,14 +35,16 @@ FileDialog::FileDialog(ViewState& state, Notices& notices, QWidget* parent, File
 
 QLineEdit& FileDialog::AddField(const QString& name, const QString& heading) {
   auto* field = new QLineEdit(this);
-  AddRow(*field, name, heading);
+  Name(*field, name, heading);
+  AddRow(*field, heading);
   return *field;
 }
 
 QLabel& FileDialog::AddNote(const QString& name, const QString& heading) {
   auto* note = new QLabel(this);
+  note->setObjectName(name);
   note->setTextFormat(Qt::PlainText);
-  AddRow(*note, name, heading);
+  AddRow(*note, heading);
   return *note;
 }
 
@@ -77,9 +80,7 @@ void FileDialog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
 }
 
-void FileDialog::AddRow(QWidget& content, const QString& name, const QString& heading) {
-  content.setObjectName(name);
-  content.setAccessibleName(heading);
+void FileDialog::AddRow(QWidget& content, const QString& heading) {
   rows_.push_back({Heading(*this, heading + QLatin1Char(':'), content), &content});
 }
 
@@ -150,14 +151,16 @@ void FileDialog::ArrangeLists() {
   QWidget& folders = lists_.Folders();
   QWidget& files = lists_.Files();
   const QWidget* const first = buttons_.front();
-  foldersHeading_->resize(foldersHeading_->sizeHint());
-  PlaceControl(*this, *foldersHeading_, "l", {.below = 0.0});
   drive.resize(drive.sizeHint());
-  PlaceControl(*this, drive, {}, {.rightOf = 0.0, .below = foldersHeading_, .width = kFoldersPercent});
+  driveHeading_->resize(driveHeading_->sizeHint().width(), drive.height());
+  PlaceControl(*this, *driveHeading_, "l", {.below = 0.0});
+  PlaceControl(*this, drive, {}, {.rightOf = driveHeading_, .below = 0.0, .width = kFoldersPercent});
+  foldersHeading_->resize(foldersHeading_->sizeHint());
+  PlaceControl(*this, *foldersHeading_, "l", {.below = &drive});
   PlaceControl(*this, folders, {},
-               {.rightOf = 0.0, .below = &drive, .width = kFoldersPercent, .height = first});
+               {.rightOf = 0.0, .below = foldersHeading_, .width = kFoldersPercent, .height = first});
   filesHeading_->resize(filesHeading_->sizeHint());
-  PlaceControl(*this, *filesHeading_, {}, {.rightOf = &folders, .below = 0.0});
+  PlaceControl(*this, *filesHeading_, {}, {.rightOf = &folders, .below = &drive});
   PlaceControl(*this, files, {},
                {.rightOf = &folders, .below = filesHeading_, .width = 100.0, .height = first});
 }

@@ -48,7 +48,7 @@ class FileDialog : public QDialog {
     QWidget* content;
   };
 
-  void AddRow(QWidget& content, const QString& name, const QString& heading);
+  void AddRow(QWidget& content, const QString& heading);
   int RowHeight() const;
   int HeadingWidth() const;
   int ButtonWidth() const;
@@ -59,6 +59,7 @@ class FileDialog : public QDialog {
   void ArrangeLists();
 
   FileLists lists_;
+  QLabel* driveHeading_;
   QLabel* foldersHeading_;
   QLabel* filesHeading_;
   std::vector<Row> rows_;
