@@ -10,7 +10,7 @@ namespace bwp {
 /// What the program remembers between two runs.
 struct Configuration {
   bool hexMode = true;
-  int acceleration = 4;          ///< 0 to 4, see ViewState::AccelMode; other values choose none.
+  int acceleration = 4;          ///< See ViewState::AccelMode.
   std::string lastFolder = "/";  ///< Ends with a separator.
 };
 

@@ -18,18 +18,16 @@ std::string CurrentFolder() {
 
 std::string CommandLineText(const std::vector<std::string>& arguments) {
   std::string text;
-  for (const std::string& argument : arguments) {
-    if (!text.empty()) text += ' ';
-    text += argument;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (i > 0) text += ' ';
+    text += arguments[i];
   }
   return text;
 }
 
 void ApplyConfiguration(const Configuration& configuration, ViewState& state) {
-  constexpr int kStrongest = 4;
   state.HexMode = configuration.hexMode;
-  const bool known = configuration.acceleration >= 0 && configuration.acceleration <= kStrongest;
-  state.AccelMode = known ? configuration.acceleration : 0;
+  state.AccelMode = configuration.acceleration;
   state.LastFolder = configuration.lastFolder;
 }
 

@@ -12,10 +12,10 @@ namespace bwp {
 /// configuration follows the working directory, not the program's file. Throws the platform's file error.
 std::string CurrentFolder();
 
-/// The arguments after the program's name as one command-line text: joined by blanks.
+/// The arguments after the program's name as one command-line text: joined by spaces.
 std::string CommandLineText(const std::vector<std::string>& arguments);
 
-/// Puts what was remembered into the view state. An acceleration outside 0 to 4 chooses none.
+/// Puts what was remembered into the view state.
 void ApplyConfiguration(const Configuration& configuration, ViewState& state);
 
 /// What is to be remembered of the view state.

@@ -22,6 +22,12 @@ std::int64_t Magnitude(std::int32_t step) {
   return std::abs(std::int64_t{step});
 }
 
+// A number that the menu does not offer stands for no acceleration.
+int DoublingsAllowed(const ViewState& state) {
+  constexpr int kMost = 4;
+  return state.AccelMode <= kMost ? state.AccelMode : 0;
+}
+
 // One turn of the scrolling: the step, the clamp, the thumb, the acceleration.
 void Scroll(ViewState& state, Display& display, int& doublings) {
   state.SWStart += state.ScrollStep;
@@ -29,7 +35,7 @@ void Scroll(ViewState& state, Display& display, int& doublings) {
   state.thumb.top = state.thumb.TopOf(state.SWStart);
   display.MoveThumb();
   state.ScrollCount += Magnitude(state.ScrollStep);
-  if (doublings < state.AccelMode && state.ScrollStep < kDoublingBound &&
+  if (doublings < DoublingsAllowed(state) && state.ScrollStep < kDoublingBound &&
       state.ScrollCount > state.ScrollLimit) {
     ++doublings;
     state.ScrollLimit *= 2;

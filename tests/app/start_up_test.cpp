@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
 
 #include "support/temp_folder.h"
 
@@ -22,6 +23,8 @@ TEST(StartUp, JoinsTheArgumentsByBlanks) {
   EXPECT_EQ(bwp::CommandLineText({"/a/file.bin"}), "/a/file.bin");
   EXPECT_EQ(bwp::CommandLineText({"my", "own", "file"}), "my own file");
   EXPECT_EQ(bwp::CommandLineText({"\"/a b\""}), "\"/a b\"");
+  EXPECT_EQ(bwp::CommandLineText({"", "a"}), " a");
+  EXPECT_EQ(bwp::CommandLineText({"", "", "a", ""}), "  a ");
 }
 
 TEST(StartUp, AppliesWhatWasRemembered) {
@@ -34,11 +37,12 @@ TEST(StartUp, AppliesWhatWasRemembered) {
   EXPECT_EQ(bwp::ConfigurationText(remembered), "#FALSE#,3,\"/b/\"\n");
 }
 
-TEST(StartUp, AnAccelerationThatNoMenuEntryHasChoosesNone) {
+TEST(StartUp, AnAccelerationThatNoMenuEntryHasIsKept) {
   for (const int choice : {-1, 5, 32767}) {
     bwp::ViewState state;
     bwp::ApplyConfiguration({true, choice, "/"}, state);
-    EXPECT_EQ(state.AccelMode, 0) << choice;
+    EXPECT_EQ(bwp::ConfigurationText(bwp::ConfigurationOf(state)),
+              "#TRUE#," + std::to_string(choice) + ",\"/\"\n");
   }
 }
 

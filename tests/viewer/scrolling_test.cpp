@@ -129,6 +129,16 @@ TEST_F(ScrollingTest, TheAccelerationChoiceIsTheNumberOfDoublings) {
   }
 }
 
+TEST_F(ScrollingTest, AChoiceThatTheMenuDoesNotOfferAcceleratesNothing) {
+  OpenPattern(2'000'000);
+  for (const int choice : {-1, 5, 7, 32767}) {
+    ShowAt(0);
+    state.AccelMode = choice;
+    Hold(16, 600);
+    EXPECT_EQ(state.ScrollStep, 16) << choice;
+  }
+}
+
 TEST_F(ScrollingTest, AStepUpDoublesKeepingItsSign) {
   OpenPattern(200'000);
   ShowAt(199'000);

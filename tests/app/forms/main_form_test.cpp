@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -119,6 +120,25 @@ TEST_F(MainFormTest, AClickOnAButtonEndsTypingSoThatTheNavigationKeysWork) {
   EXPECT_EQ(Find<QLineEdit>("Dstart")->text(), QStringLiteral("3.584"));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
   EXPECT_EQ(form->State().SWStart, 4096 - 512 - 16);
+}
+
+TEST_F(MainFormTest, AnOptionOrTheOpenButtonEndsTypingToo) {
+  StartOnFile(4096);
+  for (const char* name : {"decop", "hexop", "opn"}) {
+    auto* const Dstart = Find<QLineEdit>("Dstart");
+    Dstart->setFocus();
+    Dstart->selectAll();
+    QTest::keyClicks(Dstart, QStringLiteral("77"));
+    ASSERT_TRUE(form->State().FieldTyping) << name;
+    auto* const button = Find<QAbstractButton>(name);
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    EXPECT_FALSE(form->State().FieldTyping) << name;
+    EXPECT_EQ(form->State().SWStart, 0) << name;
+    EXPECT_EQ(Cell(1, 0), std::string(name) == "decop" ? QStringLiteral("16") : QStringLiteral("00000010"));
+  }
+  EXPECT_TRUE(Find<QWidget>("Loader")->isVisible());
+  QTest::mouseClick(Button("Gend"), Qt::LeftButton);
+  EXPECT_EQ(Find<QLineEdit>("Dstart")->text(), QStringLiteral("3.584")) << "nothing is held back";
 }
 
 TEST_F(MainFormTest, EnterInDstartMovesTheThumbAndShowsThePageWhenTheKeyComesUp) {
@@ -271,7 +291,12 @@ TEST_F(MainFormTest, AChoiceThatNoEntryHasChecksNone) {
   for (const char* name : {"MenuNAcc", "MenuA2X", "MenuA4X", "MenuA8X", "MenuA16X"}) {
     EXPECT_FALSE(Entry(name)->isChecked()) << name;
   }
-  EXPECT_EQ(form->State().AccelMode, 0);
+  form->close();
+  EXPECT_EQ(ReadFile(folder / "Bytewarp.cfg"), "#TRUE#,7,\"/\"\n");
+  Start();
+  Entry("MenuA2X")->trigger();
+  form->close();
+  EXPECT_EQ(ReadFile(folder / "Bytewarp.cfg"), "#TRUE#,1,\"/\"\n");
 }
 
 TEST_F(MainFormTest, NotAcceleratedLeavesAllButItsNeighbourChecked) {
