@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -9,6 +10,19 @@
 #include <string>
 
 #include "support/errors.h"
+
+namespace {
+
+std::string decimalSeparator = ".";
+
+}  // namespace
+
+// Which locales a machine has is not ours to choose: this answers in their place.
+extern "C" lconv* localeconv() noexcept {
+  static lconv conventions = {};
+  conventions.decimal_point = decimalSeparator.data();
+  return &conventions;
+}
 
 namespace {
 
@@ -173,6 +187,16 @@ TEST(StripEdgeJunk, OneSideAloneIsStrippedToASingleCharacter) {
 
 TEST(SizeText, HasANumberForTheLongestSizeThatAFileSystemCanName) {
   EXPECT_EQ(SizeText(std::numeric_limits<std::int64_t>::max()), "8589934592 GB");
+}
+
+TEST(SizeText, IsWrittenWithTheSeparatorOfTheLocale) {
+  for (const char* separator : {",", "\xD9\xAB", "."}) {
+    decimalSeparator = separator;
+    EXPECT_EQ(SizeText(1536), std::string("1") + separator + "5 KB");
+    EXPECT_EQ(SizeText(3 * 1048576 / 2 + 10486), std::string("1") + separator + "51 MB");
+    EXPECT_EQ(SizeText(2048), "2 KB");
+    EXPECT_EQ(GroupThousands(1234567), "1.234.567") << "the groups' separator is always a point";
+  }
 }
 
 TEST(SizeText, AUnitBeginsAboveItsSize) {

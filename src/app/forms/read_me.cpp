@@ -10,18 +10,14 @@
 
 namespace bwp {
 
-namespace {
-
 std::string InstalledReadMe() {
   const QString program = QCoreApplication::applicationDirPath();
   return ToPath(QDir::cleanPath(program + QStringLiteral("/" BYTEWARP_DATA_DIR "/readme.txt")));
 }
 
-}  // namespace
-
-void ShowReadMe(const std::string& progFolder, Notices& notices) {
+void ShowReadMe(const std::string& progFolder, Notices& notices, const std::string& installed) {
   const std::string own = progFolder + "readme.txt";
-  const std::string path = funzioni::FileExists(own) ? own : InstalledReadMe();
+  const std::string& path = funzioni::FileExists(own) ? own : installed;
   if (!funzioni::FileExists(path)) {
     notices.Tell("File not found", kErrorTitle, Notices::Icon::kCritical);
   } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(path)))) {

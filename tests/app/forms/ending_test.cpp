@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QTimer>
@@ -109,6 +110,44 @@ TEST_F(EndingDeathTest, ASecondErrorDuringTheReportIsSwallowed) {
     QTest::qWait(1000);
   };
   EXPECT_EXIT(twice(), testing::ExitedWithCode(1), "read: Run-time error '75'");
+}
+
+// The exit as a person asks for it, with other windows open; says which of them are left.
+void ExitBy(const std::function<void(MainForm&)>& command) {
+  Program program;
+  const auto press = [&program](const char* window, const char* button) {
+    auto* const form = program.form->findChild<QWidget*>(QLatin1String(window));
+    form->findChild<QPushButton*>(QLatin1String(button))->click();
+  };
+  program.form->findChild<QAction*>(QStringLiteral("menuopen"))->trigger();
+  program.form->findChild<QAction*>(QStringLiteral("menusplitjoin"))->trigger();
+  press("Divide", "Split");
+  auto* const fsel = program.form->findChild<QWidget*>(QStringLiteral("Fsel"));
+  fsel->findChild<QLineEdit*>(QStringLiteral("Ftext"))->setText(QStringLiteral("part"));
+  press("Fsel", "ActionB");
+  for (const char* window : {"Loader", "Divide", "Fsel", "Dialog"}) {
+    if (!program.form->findChild<QWidget*>(QLatin1String(window))->isVisible()) std::_Exit(2);
+  }
+  QApplication::setActiveWindow(program.form);
+  QTimer::singleShot(0, program.form, [&] { command(*program.form); });
+  QTimer::singleShot(10'000, program.form, [] { std::_Exit(3); });
+  const int status = QApplication::exec();
+  int left = 0;
+  for (const QWidget* const window : QApplication::topLevelWidgets()) left += window->isVisible() ? 1 : 0;
+  const std::string kept = bwp::test::ReadFile(program.folder / "Bytewarp.cfg");
+  std::fprintf(stderr, "%d windows left, %zu parts, settings kept: %d\n", left,
+               program.folder.Names().size() - 2, kept.starts_with("#TRUE#,4,"));
+  std::_Exit(status);
+}
+
+TEST_F(EndingDeathTest, AnExitClosesEveryWindowAndAsksNothing) {
+  const std::string end = "0 windows left, 0 parts, settings kept: 1";
+  const auto menu = [](MainForm& form) { form.findChild<QAction*>(QStringLiteral("MenuExit"))->trigger(); };
+  EXPECT_EXIT(ExitBy(menu), testing::ExitedWithCode(0), end);
+  const auto keys = [](MainForm& form) { QTest::keyClick(&form, Qt::Key_Q, Qt::ControlModifier); };
+  EXPECT_EXIT(ExitBy(keys), testing::ExitedWithCode(0), end);
+  const auto frame = [](MainForm& form) { form.close(); };
+  EXPECT_EXIT(ExitBy(frame), testing::ExitedWithCode(0), end);
 }
 
 TEST_F(EndingDeathTest, TheFileListsStandStillDuringTheReport) {

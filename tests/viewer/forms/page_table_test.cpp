@@ -1,5 +1,6 @@
 #include "viewer/forms/page_table.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -91,6 +92,46 @@ TEST(PageTable, ColumnsHaveTheirGivenWidthsAndAllRowsAreSeen) {
   EXPECT_FALSE(table.verticalScrollBar()->isVisible());
   EXPECT_EQ(table.verticalScrollBar()->maximum(), 0);
   EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
+}
+
+// Where the text of a cell is: what differs from the colour of its corner, the grid lines left out.
+QRect InkOf(QImage cell) {
+  cell = cell.copy(cell.rect().adjusted(0, 0, -1, -1));
+  QRect ink;
+  for (int y = 0; y < cell.height(); ++y) {
+    for (int x = 0; x < cell.width(); ++x) {
+      if (cell.pixel(x, y) != cell.pixel(0, 0)) ink |= QRect(x, y, 1, 1);
+    }
+  }
+  return ink;
+}
+
+void ExpectAtTheRightAndInTheMiddle(const QImage& cell, const std::string& which) {
+  const QRect ink = InkOf(cell);
+  ASSERT_FALSE(ink.isEmpty()) << which;
+  const int left = ink.left();
+  const int right = cell.width() - 2 - ink.right();
+  EXPECT_LE(right, 4) << which;
+  EXPECT_GT(left, right) << which;
+  // Digits have no part below the line: they are a little above the middle.
+  EXPECT_LE(std::abs(ink.center().y() - cell.height() / 2), 2) << which;
+}
+
+TEST(PageTable, EveryColumnIsAlignedToTheRightAndCentredVertically) {
+  bwp::PageGrid grid;
+  FillHex(grid);
+  grid.SetText(3, 1, "8");
+  grid.SetText(3, 0, "8");
+  PageTable table(grid);
+  for (int column = 0; column < bwp::kColumns; ++column) {
+    EXPECT_EQ(Data(table, 3, column, Qt::TextAlignmentRole).value<Qt::Alignment>(),
+              Qt::AlignRight | Qt::AlignVCenter)
+        << column;
+  }
+  table.show();
+  const QImage picture = Picture(table);
+  ExpectAtTheRightAndInTheMiddle(CellPicture(table, picture, 3, 0), "offset");
+  ExpectAtTheRightAndInTheMiddle(CellPicture(table, picture, 3, 1), "value");
 }
 
 TEST(PageTable, TenDigitsFitTheOffsetColumn) {
@@ -303,6 +344,19 @@ TEST(Ruler, StandsOverThePagesColumns) {
   ASSERT_EQ(ruler.model()->columnCount(), 33);
   for (int column = 0; column < 33; ++column) EXPECT_EQ(ruler.columnWidth(column), table.columnWidth(column));
   EXPECT_EQ(ruler.width(), table.width());
+}
+
+TEST(Ruler, IsAlignedAsThePageIs) {
+  bwp::Ruler ruler;
+  for (int column = 0; column < bwp::kColumns; ++column) {
+    EXPECT_EQ(ruler.model()->index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+              Qt::AlignRight | Qt::AlignVCenter)
+        << column;
+  }
+  QImage picture(ruler.viewport()->size(), QImage::Format_RGB32);
+  ruler.viewport()->render(&picture);
+  const QRect nine = ruler.visualRect(ruler.model()->index(0, 10));
+  ExpectAtTheRightAndInTheMiddle(picture.copy(nine), "ruler");
 }
 
 TEST(Ruler, LabelsBothHalvesInTheShownBase) {

@@ -164,8 +164,15 @@ TEST_F(PositionPanelTest, OnlyACharacterKeyInADecimalBoxStartsTyping) {
 
 TEST_F(PositionPanelTest, TabMovesOnAndIsNoTyping) {
   panel->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(panel.get()));
   Box("HStart")->setFocus();
-  QTest::keyClick(Box("HStart"), Qt::Key_Tab);
+  for (const char* const next : {"Dstart", "HEnd", "Dend", "hexop"}) {
+    QTest::keyClick(panel->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(panel->focusWidget(), Box(next)) << next;
+    EXPECT_FALSE(state.FieldTyping);
+  }
+  QTest::keyClick(panel->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(panel->focusWidget(), Box("Dend"));
   EXPECT_FALSE(state.FieldTyping);
   EXPECT_EQ(qobject_cast<bwp::OffsetBox*>(Box("HStart"))->Text(), "00000000");
 }
