@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <new>
 
 #include <QMessageBox>
@@ -39,6 +40,10 @@ void Application::Guard(const std::function<void()>& work) {
     if (!ending_) End(error);
   } catch (const std::bad_alloc&) {
     if (!ending_) End(MakeRunTimeError(kOutOfMemory));
+  } catch (const std::exception& error) {
+    // A mistake of our own: whoever mends it wants to know more than the report says.
+    std::fprintf(stderr, "%s\n", error.what());
+    if (!ending_) End(MakeRunTimeError(kInvalidProcedureCall));
   }
 }
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <new>
+#include <stdexcept>
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -49,6 +50,16 @@ TEST_F(ApplicationDeathTest, ReportsARunTimeErrorAndEndsWithStatusOne) {
 TEST_F(ApplicationDeathTest, ReportsMemoryThatRanOutAsErrorSeven) {
   EXPECT_EXIT(RunHandler([] { throw std::bad_alloc(); }), testing::ExitedWithCode(1),
               "Run-time error '7':\n\nOut of memory");
+}
+
+TEST_F(ApplicationDeathTest, ReportsAnyOtherExceptionAsErrorFiveAndKeepsTheBuffer) {
+  const auto operation = [] {
+    App().beforeEnd = [] { return std::string("The Buffer was kept in /tmp/kept."); };
+    throw std::out_of_range("row 7");
+  };
+  EXPECT_EXIT(RunHandler(operation), testing::ExitedWithCode(1),
+              "row 7\nRun-time error '5':\n\nInvalid procedure call or argument\nThe Buffer was kept in "
+              "/tmp/kept.\n(.|\n)*box title=Bytewarp");
 }
 
 TEST_F(ApplicationDeathTest, NeverRunsAnotherLineOfAnOperationInterruptedInNestedEvents) {
