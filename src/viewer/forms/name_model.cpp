@@ -1,5 +1,6 @@
 #include "viewer/forms/name_model.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -7,13 +8,6 @@
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
-namespace {
-
-auto At(const std::vector<std::string>& names, std::size_t place) {
-  return std::next(names.begin(), static_cast<std::ptrdiff_t>(place));
-}
-
-}  // namespace
 
 void NameModel::SetNames(std::vector<std::string> names) {
   beginResetModel();
@@ -21,45 +15,56 @@ void NameModel::SetNames(std::vector<std::string> names) {
   endResetModel();
 }
 
+// At every step the rows are those of names_ and, below them, those of rest_: a row that stays moves from the
+// front of the one to the end of the other, which changes nothing for anybody who looks.
 void NameModel::UpdateNames(const std::vector<std::string>& names, int first) {
-  auto row = static_cast<std::size_t>(first);
-  for (std::size_t next = 0; row < names_.size() || next < names.size();) {
-    std::size_t gone = row;
-    while (gone < names_.size() && (next == names.size() || NameLess(names_[gone], names[next]))) ++gone;
-    RemoveRows(row, gone);
-    std::size_t come = next;
-    while (come < names.size() && (row == names_.size() || NameLess(names[come], names_[row]))) ++come;
-    InsertRows(row, names, next, come);
-    row += come - next;
+  const auto start = names_.begin() + first;
+  rest_.assign(std::make_move_iterator(start), std::make_move_iterator(names_.end()));
+  names_.erase(start, names_.end());
+  for (auto next = names.begin(); next != names.end() || !rest_.empty();) {
+    const auto gone = std::find_if(rest_.begin(), rest_.end(), [&](const std::string& name) {
+      return next != names.end() && !NameLess(name, *next);
+    });
+    RemoveRows(static_cast<std::size_t>(gone - rest_.begin()));
+    const auto come = std::find_if(next, names.end(), [&](const std::string& name) {
+      return !rest_.empty() && !NameLess(name, rest_.front());
+    });
+    InsertRows(next, come);
     next = come;
-    if (row < names_.size() && next < names.size() && names_[row] == names[next]) {
-      ++row;
+    if (next != names.end() && rest_.front() == *next) {
+      names_.push_back(std::move(rest_.front()));
+      rest_.pop_front();
       ++next;
     }
   }
 }
 
 int NameModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(names_.size());
+  return parent.isValid() ? 0 : static_cast<int>(names_.size() + rest_.size());
 }
 
 QVariant NameModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-  return FromPath(names_[static_cast<std::size_t>(index.row())]);
+  return FromPath(NameAt(static_cast<std::size_t>(index.row())));
 }
 
-void NameModel::InsertRows(std::size_t row, const std::vector<std::string>& names, std::size_t from,
-                           std::size_t to) {
+const std::string& NameModel::NameAt(std::size_t row) const {
+  return row < names_.size() ? names_[row] : rest_[row - names_.size()];
+}
+
+void NameModel::InsertRows(Iterator from, Iterator to) {
   if (from == to) return;
-  beginInsertRows({}, static_cast<int>(row), static_cast<int>(row + to - from) - 1);
-  names_.insert(At(names_, row), At(names, from), At(names, to));
+  const auto row = static_cast<int>(names_.size());
+  beginInsertRows({}, row, row + static_cast<int>(to - from) - 1);
+  names_.insert(names_.end(), from, to);
   endInsertRows();
 }
 
-void NameModel::RemoveRows(std::size_t from, std::size_t to) {
-  if (from == to) return;
-  beginRemoveRows({}, static_cast<int>(from), static_cast<int>(to) - 1);
-  names_.erase(At(names_, from), At(names_, to));
+void NameModel::RemoveRows(std::size_t count) {
+  if (count == 0) return;
+  const auto row = static_cast<int>(names_.size());
+  beginRemoveRows({}, row, row + static_cast<int>(count) - 1);
+  rest_.erase(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(count));
   endRemoveRows();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -18,18 +19,24 @@ class NameModel : public QAbstractListModel {
   const std::vector<std::string>& Names() const { return names_; }
   /// Shows other names.
   void SetNames(std::vector<std::string> names);
-  /// Turns the names into the given ones row by row, so that selections of rows that stay hold. The rows from
-  /// `first` on must be in the order of NameLess before and after; those above stay as they are.
+  /// Turns the names into the given ones, adding and removing rows, so that selections of rows that stay hold.
+  /// The rows from `first` on must be in the order of NameLess before and after; those above stay as they are.
+  /// Takes one walk through the names however many come and go.
   void UpdateNames(const std::vector<std::string>& names, int first = 0);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
-  void InsertRows(std::size_t row, const std::vector<std::string>& names, std::size_t from, std::size_t to);
-  void RemoveRows(std::size_t from, std::size_t to);
+  using Iterator = std::vector<std::string>::const_iterator;
+
+  const std::string& NameAt(std::size_t row) const;
+  void InsertRows(Iterator from, Iterator to);
+  void RemoveRows(std::size_t count);
 
   std::vector<std::string> names_;
+  /// The rows below those of names_ that an update has yet to look at; empty at any other time.
+  std::deque<std::string> rest_;
 };
 
 }  // namespace bwp
