@@ -8,10 +8,10 @@
 namespace bwp {
 
 /// The current cell's colour while its byte is as in the file, and once it was changed.
-inline constexpr Colour kCellAsInFileColour = 65280;  // green
-inline constexpr Colour kCellChangedColour = 255;     // red
+inline constexpr Colour kCellAsInFileColour = 0x0000FF00;  // green
+inline constexpr Colour kCellChangedColour = 0x000000FF;   // red
 /// Both cells of a byte that was changed and not yet saved, where it is not the current one.
-inline constexpr Colour kByteChangedColour = 8438015;  // light orange
+inline constexpr Colour kByteChangedColour = 0x0080C0FF;  // light orange
 
 /// Enter as a character.
 inline constexpr std::uint8_t kEnterCharacter = 13;

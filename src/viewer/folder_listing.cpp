@@ -74,7 +74,7 @@ bool NameLess(const std::string& left, const std::string& right) {
 
 std::string FullFolder(const std::string& folder) {
   std::error_code failed;
-  const std::filesystem::path full = std::filesystem::absolute(folder.empty() ? "." : folder, failed);
+  const std::filesystem::path full = std::filesystem::absolute(funzioni::FolderOrHere(folder), failed);
   return funzioni::WithSeparator(failed ? "/" : full.lexically_normal().string());
 }
 

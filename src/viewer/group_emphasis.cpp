@@ -1,6 +1,6 @@
 #include "viewer/group_emphasis.h"
 
-#include <algorithm>
+#include "viewer/number_text.h"
 
 namespace bwp {
 
@@ -12,8 +12,8 @@ std::vector<EmphasisRun> GroupEmphasis(int textLength, int groupSize, std::optio
   bool toggle = true;
   do {
     EmphasisRun run;
-    run.start = std::max(0, remaining - groupSize);
-    run.length = std::min(groupSize, remaining);
+    run.start = static_cast<int>(funzioni::MaxOf({0, remaining - groupSize}));
+    run.length = static_cast<int>(funzioni::MinOf({groupSize, remaining}));
     if (colouring) run.colour = (toggle ? colourA : colourB).value_or(0);
     run.bold = !toggle && emphasis;
     runs.push_back(run);

@@ -5,7 +5,7 @@
 namespace bwp {
 
 /// Gives the marks' new places, and the cells of the old ones that are on the shown page their own colour
-/// back. Every change of a mark goes through here.
+/// back. Every change of a mark goes through here, except opening a file, which clears the grid.
 void MoveMarks(ViewState& state, std::int64_t markStart, std::int64_t markEnd);
 
 /// The refresh's colouring of the boundary cells: the marks' cells as they stood on the page shown before are

@@ -1,12 +1,9 @@
 #include "viewer/number_text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <clocale>
-#include <cmath>
 #include <limits>
 
-#include "viewer/code_page.h"
 #include "viewer/run_time_error.h"
 
 namespace funzioni {

@@ -4,6 +4,7 @@
 
 #include "viewer/number_text.h"
 #include "viewer/paths.h"
+#include "viewer/refresh.h"
 
 namespace bwp {
 namespace {
@@ -16,6 +17,15 @@ void TakeFile(ViewState& state) {
   state.tabe.Clear();
   state.hit = {};
   ++state.openings;
+}
+
+bool OpenNamed(ViewState& state, Notices& notices, const std::string& path) {
+  const FileOffer offer = OfferFile(state, notices, path);
+  if (offer == FileOffer::kNoFile) notices.Tell("File not found", kErrorTitle, Notices::Icon::kCritical);
+  if (offer != FileOffer::kOpened) return false;
+  state.LastFolder = funzioni::FolderOf(path);
+  state.FieldTyping = false;
+  return true;
 }
 
 }  // namespace
@@ -47,6 +57,26 @@ FileOffer OfferFile(ViewState& state, Notices& notices, const std::string& path)
   }
   OpenViewFile(state, path);
   return FileOffer::kOpened;
+}
+
+bool OpenAndShow(ViewState& state, Display& display, Notices& notices, const std::string& path) {
+  if (!OpenNamed(state, notices, path)) return false;
+  Refresh(state, display);
+  return true;
+}
+
+bool LoadAndShow(ViewState& state, Display& display, Notices& notices, const std::string& path) {
+  if (!OpenNamed(state, notices, path)) return false;
+  if (state.FLen != 0) {
+    Refresh(state, display);
+    return true;
+  }
+  // No refresh for an empty file, but nothing of the last file may stay there as if it were this one's.
+  display.SetRedraw(true);
+  display.MoveThumb();
+  display.ShowTitle(TitleText(state));
+  notices.Tell("FIle has dimension 0", kErrorTitle, Notices::Icon::kCritical);
+  return false;
 }
 
 void TellTooLarge(Notices& notices) {

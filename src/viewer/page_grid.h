@@ -43,11 +43,11 @@ GridCell NearestByteCell(GridCell place);
 
 /// A colour as blue, green, red: 0x00BBGGRR.
 using Colour = std::uint32_t;
-inline constexpr Colour kMarkStartColour = 65535;   // yellow
-inline constexpr Colour kMarkEndColour = 16711935;  // magenta
-inline constexpr Colour kValueColour = 16777215;    // white
-inline constexpr Colour kCharColour = 65280;        // green
-inline constexpr Colour kHitColour = 16776960;      // cyan
+inline constexpr Colour kMarkStartColour = 0x0000FFFF;  // yellow
+inline constexpr Colour kMarkEndColour = 0x00FF00FF;    // magenta
+inline constexpr Colour kValueColour = 0x00FFFFFF;      // white
+inline constexpr Colour kCharColour = 0x0000FF00;       // green
+inline constexpr Colour kHitColour = 0x00FFFF00;        // cyan
 
 /// What the grid `tabe` shows: the text and the background colour of each of its 32 x 33 cells. Texts are in
 /// the program's character set. A cell keeps its text and colour until they are written again.

@@ -1,5 +1,7 @@
 #include "viewer/paths.h"
 
+#include <cstdlib>
+#include <memory>
 #include <sys/stat.h>
 
 #include "viewer/number_text.h"
@@ -24,8 +26,14 @@ std::string WithSeparator(std::string folder) {
   return folder;
 }
 
-std::string FullPath(const std::string& path, const std::string& folder) {
-  return !path.empty() && path.front() == kSeparator ? path : folder + path;
+std::string FolderOrHere(const std::string& folder) {
+  return folder.empty() ? "." : folder;
+}
+
+std::optional<std::string> ResolvedPath(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr), &std::free);
+  if (!resolved) return std::nullopt;
+  return resolved.get();
 }
 
 std::string PathIn(const std::string& folder, const std::string& name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 /// Paths are byte strings as the operating system has them; they need not be UTF-8.
@@ -20,10 +21,14 @@ std::string NameOf(const std::string& path);
 /// The folder with a separator appended when it does not already end with one.
 std::string WithSeparator(std::string folder);
 
-/// The path as seen from the given folder (which ends with a separator): itself when it is absolute.
-std::string FullPath(const std::string& path, const std::string& folder);
+/// The folder as system calls want it: "." for the empty one that FolderOf gives a bare name.
+std::string FolderOrHere(const std::string& folder);
 
-/// The path that a name typed for that folder means: one that starts at the root stands for itself.
+/// The path without a link in it; nothing, and errno, where it leads nowhere.
+std::optional<std::string> ResolvedPath(const std::string& path);
+
+/// The path that a name given for that folder (which ends with a separator) means: one that starts at the root
+/// is itself.
 std::string PathIn(const std::string& folder, const std::string& name);
 
 /// The path that a command-line text names: the text without surrounding double quotes.

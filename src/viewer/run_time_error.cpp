@@ -46,7 +46,7 @@ const char* TextOf(RunTimeErrorNumber number) {
 bool FolderExists(const std::string& path) {
   struct stat status = {};
   const std::string folder = funzioni::FolderOf(path);
-  return stat(folder.empty() ? "." : folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return stat(funzioni::FolderOrHere(folder).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 RunTimeErrorNumber NumberOf(int errnoValue, const std::string& path) {

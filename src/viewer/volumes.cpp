@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <sstream>
 #include <sys/stat.h>
 
@@ -100,8 +98,7 @@ std::vector<std::string> Volumes() {
 }
 
 std::string VolumeOf(const std::vector<std::string>& volumes, const std::string& folder) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(folder.c_str(), nullptr), &std::free);
-  const std::string place = resolved ? resolved.get() : folder;
+  const std::string place = funzioni::ResolvedPath(folder).value_or(folder);
   std::string best = "/";
   for (const std::string& volume : volumes) {
     if (LiesIn(place, volume) && volume.size() > best.size()) best = volume;

@@ -1,5 +1,7 @@
 #include "viewer/paths.h"
 
+#include <cerrno>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -23,6 +25,23 @@ TEST(Paths, AFolderEndsWithOneSeparator) {
   EXPECT_EQ(funzioni::WithSeparator("/a"), "/a/");
   EXPECT_EQ(funzioni::WithSeparator("/a/"), "/a/");
   EXPECT_EQ(funzioni::WithSeparator("/"), "/");
+}
+
+TEST(Paths, NoFolderIsTheOneWeAreIn) {
+  EXPECT_EQ(funzioni::FolderOrHere(""), ".");
+  EXPECT_EQ(funzioni::FolderOrHere("/a/"), "/a/");
+  EXPECT_EQ(funzioni::FolderOrHere(funzioni::FolderOf("name")), ".");
+}
+
+TEST(Paths, AResolvedPathHasNoLinksAndLeadsSomewhere) {
+  const bwp::test::TempFolder folder;
+  const std::string file = folder.Write("file \xFF", "x");
+  ASSERT_EQ(symlink("file \xFF", (folder / "link").c_str()), 0);
+  const std::string real = std::filesystem::canonical(folder.Path()).string() + "/file \xFF";
+  EXPECT_EQ(funzioni::ResolvedPath(file), real);
+  EXPECT_EQ(funzioni::ResolvedPath(folder / "link"), real);
+  EXPECT_EQ(funzioni::ResolvedPath(folder / "missing"), std::nullopt);
+  EXPECT_EQ(errno, ENOENT);
 }
 
 TEST(Paths, ATypedNameIsMeantForTheFolderUnlessItStartsAtTheRoot) {

@@ -93,7 +93,7 @@ void MainForm::Start(const std::string& commandLine) {
   controls_.position->ShowBase();
   const std::string path = funzioni::CommandLinePath(commandLine);
   LetEventsRun();
-  if (!path.empty()) OfferFile(state_, notices_, funzioni::FullPath(path, progFolder_));
+  if (!path.empty()) OfferFile(state_, notices_, funzioni::PathIn(progFolder_, path));
   Refresh(state_, *this);
 }
 
@@ -105,7 +105,6 @@ void MainForm::ShowLoader() {
   if (loader_ == nullptr) {
     loader_ = new Loader(state_, *this, notices_, this);
     loader_->run = [this](const auto& action) { Operate(action); };
-    connect(loader_, &Loader::FileOpened, this, [this] { EnableCommands(); });
   }
   state_.FieldTyping = false;
   loader_->Open();
@@ -196,14 +195,9 @@ void MainForm::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainForm::dropEvent(QDropEvent* event) {
   if (Busy()) return;
-  if (const std::optional<std::string> path = AcceptFile(*event)) OpenDropped(*path);
-}
-
-void MainForm::OpenDropped(const std::string& path) {
-  if (OfferFile(state_, notices_, path) != FileOffer::kOpened) return;
-  state_.LastFolder = funzioni::FolderOf(path);
-  state_.FieldTyping = false;
-  Refresh(state_, *this);
+  if (const std::optional<std::string> path = AcceptFile(*event)) {
+    OpenAndShow(state_, *this, notices_, *path);
+  }
 }
 
 void MainForm::SetRedraw(bool on) {

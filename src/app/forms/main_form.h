@@ -54,7 +54,6 @@ class MainForm : public QMainWindow, private Display {
   void ShowLoader();
   void ShowSaver(const SaveTask& task);
   void ShowSplitJoin();
-  void OpenDropped(const std::string& path);
   void Operate(const std::function<void()>& operation);
   bool Working() const;
   bool Busy() const;

@@ -6,7 +6,6 @@
 #include "viewer/number_text.h"
 #include "viewer/open_view_file.h"
 #include "viewer/paths.h"
-#include "viewer/refresh.h"
 
 namespace bwp {
 
@@ -47,27 +46,7 @@ void Loader::ShowSize(const std::string& name) {
 void Loader::Load(const std::string& name) {
   hide();
   const std::string path = funzioni::PathIn(state_.LastFolder, name);
-  const FileOffer offer = OfferFile(state_, notices_, path);
-  if (offer == FileOffer::kNoFile) notices_.Tell("File not found", kErrorTitle, Notices::Icon::kCritical);
-  if (offer != FileOffer::kOpened) {
-    show();
-    return;
-  }
-  state_.LastFolder = funzioni::FolderOf(path);
-  // Whatever was being typed meanwhile was about another file.
-  state_.FieldTyping = false;
-  if (state_.FLen == 0) {
-    // No refresh for an empty file, but nothing of the last file may stand there as if it were this one's.
-    display_.SetRedraw(true);
-    display_.MoveThumb();
-    display_.ShowTitle(TitleText(state_));
-    Q_EMIT FileOpened();
-    notices_.Tell("FIle has dimension 0", kErrorTitle, Notices::Icon::kCritical);
-    show();
-    return;
-  }
-  Refresh(state_, display_);
-  Q_EMIT FileOpened();
+  if (!LoadAndShow(state_, display_, notices_, path)) show();
 }
 
 }  // namespace bwp

@@ -7,17 +7,11 @@ namespace bwp {
 
 /// The dialog that opens a file for viewing.
 class Loader : public FileDialog {
-  Q_OBJECT
-
  public:
   Loader(ViewState& state, Display& display, Notices& notices, QWidget* parent);
 
   /// Shows the dialog on LastFolder.
   void Open();
-
- Q_SIGNALS:
-  /// Another file is open now; it may be empty.
-  void FileOpened();
 
  private:
   void ShowSize(const std::string& name);

@@ -3,7 +3,6 @@
 #include <string_view>
 #include <vector>
 
-#include <QFont>
 #include <QPainter>
 #include <QPalette>
 

@@ -5,7 +5,6 @@
 #include "viewer/display.h"
 #include "viewer/view_state.h"
 
-class QGridLayout;
 class QKeyEvent;
 class QRadioButton;
 

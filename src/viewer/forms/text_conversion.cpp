@@ -1,7 +1,5 @@
 #include "viewer/forms/text_conversion.h"
 
-#include <QStringDecoder>
-
 #include "viewer/code_page.h"
 
 namespace bwp {
