@@ -8,7 +8,7 @@
 #include <QWheelEvent>
 
 #include "viewer/forms/cell_geometry.h"
-#include "viewer/forms/cell_painting.h"
+#include "viewer/forms/emphasis.h"
 #include "viewer/forms/keys.h"
 #include "viewer/forms/text_conversion.h"
 #include "viewer/forms/widgets.h"
@@ -75,22 +75,6 @@ void OffsetBox::wheelEvent(QWheelEvent* event) {
 
 void OffsetBox::insertFromMimeData(const QMimeData* source) {
   textCursor().insertText(source->text().simplified());
-}
-
-void ApplyEmphasis(QTextEdit& box, const std::vector<EmphasisRun>& runs) {
-  QTextCursor cursor(box.document());
-  cursor.beginEditBlock();
-  for (const EmphasisRun& run : runs) {
-    QTextCharFormat format;
-    format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
-    if (run.colour) format.setForeground(ToQColor(*run.colour));
-    cursor.setPosition(run.start);
-    cursor.setPosition(run.start + run.length, QTextCursor::KeepAnchor);
-    cursor.mergeCharFormat(format);
-  }
-  cursor.endEditBlock();
-  cursor.setPosition(runs.back().start);
-  box.setTextCursor(cursor);
 }
 
 }  // namespace bwp

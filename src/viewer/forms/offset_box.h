@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QTextEdit>
+#include <string>
 
-#include "viewer/group_emphasis.h"
+#include <QTextEdit>
 
 namespace bwp {
 
 /// A one-line box for a hexadecimal offset, whose pairs of digits are told apart by their boldness. Enter and
-/// Escape type nothing: they are for whoever watches the box's events.
+/// Escape type nothing: they are for the event filters of the box.
 class OffsetBox : public QTextEdit {
   Q_OBJECT
  public:
@@ -15,7 +15,7 @@ class OffsetBox : public QTextEdit {
 
   /// Shows the text with its pairs marked, the cursor at its start.
   void ShowText(const std::string& text);
-  /// What stands in the box, in the program's character set.
+  /// The box's text, in the program's character set.
   std::string Text() const;
 
  protected:
@@ -26,8 +26,5 @@ class OffsetBox : public QTextEdit {
  private:
   QString shown_;
 };
-
-/// Applies the runs to a box's text, and leaves no selection.
-void ApplyEmphasis(QTextEdit& box, const std::vector<EmphasisRun>& runs);
 
 }  // namespace bwp

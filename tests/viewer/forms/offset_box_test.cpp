@@ -8,6 +8,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "viewer/forms/emphasis.h"
+
 namespace {
 
 using bwp::OffsetBox;
