@@ -4,12 +4,12 @@
 #include <charconv>
 #include <climits>
 #include <cstdint>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "fileops/byte_stream.h"
+#include "fileops/scratch_file.h"
 #include "viewer/paths.h"
 #include "viewer/run_time_error.h"
 #include "viewer/view_file.h"
@@ -54,28 +54,13 @@ std::string ReadText(std::string_view field) {
   return std::string(field.substr(1, last - 1));
 }
 
-// Where a link leads, so that it stays a link when the file is replaced; the path itself when there is no
-// file yet.
-std::string Resolved(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
-  return real ? std::string(real.get()) : path;
-}
-
 // A folder that takes no new file may well hold one that can be written.
 bool FolderIsClosed(int error) {
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
-// Writes to the end and closes; the error that it met, or 0.
-int WriteAndClose(const Disk& disk, int descriptor, const std::string& text) {
-  const ssize_t written = disk.Write(descriptor, text.data(), text.size());
-  int error = written < 0 ? errno : 0;
-  if (written >= 0 && static_cast<std::size_t>(written) < text.size()) error = ENOSPC;
-  if (disk.Close(descriptor) != 0 && error == 0) error = errno;
-  return error;
-}
-
-// Opens a new file beside the target that nobody else has and no link leads away from.
+// A new file beside the target that nobody else has and no link leads away from. Less than zero where there can
+// be none, and errno says why.
 int OpenStaged(const Disk& disk, const std::string& staged) {
   constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
   constexpr mode_t kMode = 0666;
@@ -86,10 +71,24 @@ int OpenStaged(const Disk& disk, const std::string& staged) {
   return disk.Open(staged, kFlags, kMode);
 }
 
+void Replace(const Disk& disk, const std::string& target, const std::string& text, ScratchFile staged) {
+  constexpr mode_t kPermissions = 0777;
+  struct stat old = {};
+  if (stat(target.c_str(), &old) == 0) disk.ChangeMode(staged.Descriptor(), old.st_mode & kPermissions);
+  FileSystem::WriteStream output = staged.Writer();
+  output.Write(text);
+  output.Close();
+  staged.Sync();
+  if (disk.Rename(staged.Path(), target) != 0) throw RunTimeErrorFromErrno(errno, target);
+  staged.Leave();
+}
+
 void WriteInPlace(const Disk& disk, const std::string& target, const std::string& text) {
   const int descriptor = disk.Open(target, O_WRONLY | O_TRUNC | O_NOFOLLOW | O_NONBLOCK, 0);
   if (descriptor < 0) throw RunTimeErrorFromErrno(errno, target);
-  if (const int error = WriteAndClose(disk, descriptor, text)) throw RunTimeErrorFromErrno(error, target);
+  FileSystem::WriteStream output(disk, descriptor, target);
+  output.Write(text);
+  output.Close();
 }
 
 }  // namespace
@@ -122,26 +121,26 @@ Configuration LoadConfiguration(const std::string& path) {
 }
 
 void SaveConfiguration(const Disk& disk, const std::string& path, const Configuration& configuration) {
-  const std::string target = Resolved(path);
+  // Where a link leads, so that it stays a link.
+  const std::string target = funzioni::ResolvedPath(path).value_or(path);
   const std::string staged =
       funzioni::FolderOf(target) + "." + funzioni::NameOf(target) + "." + std::to_string(getpid());
   const std::string text = ConfigurationText(configuration);
-  struct stat old = {};
-  const bool replaces = stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode);
-
   const int descriptor = OpenStaged(disk, staged);
-  if (descriptor < 0) {
-    const int error = errno;
-    if (replaces && FolderIsClosed(error)) return WriteInPlace(disk, target, text);
-    throw RunTimeErrorFromErrno(error, target);
+  const int failure = errno;
+  try {
+    if (descriptor >= 0) {
+      Replace(disk, target, text, ScratchFile(disk, staged, descriptor));
+    } else if (FolderIsClosed(failure) && funzioni::FileExists(target)) {
+      WriteInPlace(disk, target, text);
+    } else {
+      throw RunTimeErrorFromErrno(failure, target);
+    }
+  } catch (RunTimeError& error) {
+    // The staged file's name means nothing to anybody.
+    error.path = path;
+    throw;
   }
-  constexpr mode_t kPermissions = 0777;
-  if (replaces) disk.ChangeMode(descriptor, old.st_mode & kPermissions);
-  int error = WriteAndClose(disk, descriptor, text);
-  if (error == 0 && disk.Rename(staged, target) != 0) error = errno;
-  if (error == 0) return;
-  disk.Delete(staged);
-  throw RunTimeErrorFromErrno(error, target);
 }
 
 }  // namespace bwp

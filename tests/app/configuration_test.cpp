@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 #include <string>
@@ -159,13 +160,17 @@ TEST(Configuration, SavingIntoAMissingFolderIsPathNotFound) {
 // A disk on which one kind of call fails.
 class BrokenDisk : public bwp::Disk {
  public:
-  enum class Fault { kShortWrite, kWrite, kClose, kRename };
+  enum class Fault { kFull, kWrite, kSync, kClose, kRename };
   explicit BrokenDisk(Fault fault) : fault_(fault) {}
 
   ssize_t Write(int descriptor, const void* bytes, std::size_t count) const override {
-    if (fault_ == Fault::kShortWrite) return Disk::Write(descriptor, bytes, count / 2);
+    if (fault_ == Fault::kFull && count < 8) return Fail(ENOSPC);
+    if (fault_ == Fault::kFull) return Disk::Write(descriptor, bytes, count / 2);
     if (fault_ == Fault::kWrite) return Fail(EIO);
     return Disk::Write(descriptor, bytes, count);
+  }
+  int Sync(int descriptor) const override {
+    return fault_ == Fault::kSync ? Fail(EIO) : Disk::Sync(descriptor);
   }
   int Close(int descriptor) const override {
     const int result = Disk::Close(descriptor);
@@ -186,17 +191,61 @@ class BrokenDisk : public bwp::Disk {
 TEST(Configuration, ASaveThatFailsLeavesTheOldFileWholeAndNothingBesideIt) {
   using Fault = BrokenDisk::Fault;
   const std::pair<Fault, int> cases[] = {
-      {Fault::kShortWrite, 61}, {Fault::kWrite, 57}, {Fault::kClose, 57}, {Fault::kRename, 70}};
+      {Fault::kFull, 61}, {Fault::kWrite, 57}, {Fault::kSync, 57}, {Fault::kClose, 57}, {Fault::kRename, 70}};
   for (const auto& [fault, number] : cases) {
     const TempFolder folder;
     const std::string path = folder.Write("Bytewarp.cfg", "#TRUE#,4,\"/\"\n");
-    EXPECT_EQ(ErrorNumberOf([&] {
-                bwp::SaveConfiguration(BrokenDisk(fault), path, {false, 0, "/b/"});
-              }),
-              number);
+    try {
+      bwp::SaveConfiguration(BrokenDisk(fault), path, {false, 0, "/b/"});
+      ADD_FAILURE() << "no error";
+    } catch (const bwp::RunTimeError& error) {
+      EXPECT_EQ(error.number, number);
+      EXPECT_EQ(error.path, path);
+    }
     EXPECT_EQ(ReadFile(path), "#TRUE#,4,\"/\"\n");
     EXPECT_EQ(folder.Names().size(), 1U);
   }
+}
+
+// A disk that takes one byte at a time and notes in which order it was asked to make things last.
+class SlowDisk : public bwp::Disk {
+ public:
+  ssize_t Write(int descriptor, const void* bytes, std::size_t /*count*/) const override {
+    return Disk::Write(descriptor, bytes, 1);
+  }
+  int Sync(int descriptor) const override {
+    struct stat status = {};
+    fstat(descriptor, &status);
+    order += "sync " + std::to_string(status.st_size) + ", ";
+    return Disk::Sync(descriptor);
+  }
+  int Rename(const std::string& from, const std::string& to) const override {
+    order += "rename";
+    return Disk::Rename(from, to);
+  }
+
+  mutable std::string order;
+};
+
+TEST(Configuration, IsCompleteAndOnTheDiskBeforeItTakesTheOldOnesPlace) {
+  const TempFolder folder;
+  const std::string path = folder.Write("Bytewarp.cfg", "old");
+  const SlowDisk disk;
+  bwp::SaveConfiguration(disk, path, {});
+  EXPECT_EQ(ReadFile(path), "#TRUE#,4,\"/\"\n");
+  EXPECT_EQ(disk.order, "sync 13, rename");
+  EXPECT_EQ(folder.Names().size(), 1U);
+}
+
+TEST(Configuration, OfANewFolderHasThePermissionsOfAnyNewFile) {
+  const TempFolder folder;
+  bwp::SaveConfiguration(bwp::Disk(), folder / "Bytewarp.cfg", {});
+  struct stat other = {};
+  struct stat own = {};
+  std::ofstream(folder / "any");
+  ASSERT_EQ(stat((folder / "any").c_str(), &other), 0);
+  ASSERT_EQ(stat((folder / "Bytewarp.cfg").c_str(), &own), 0);
+  EXPECT_EQ(own.st_mode, other.st_mode);
 }
 
 RC_GTEST_PROP(Configuration, SurvivesTheRoundTripWhateverTheFolderHolds,
