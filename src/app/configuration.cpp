@@ -59,8 +59,8 @@ bool FolderIsClosed(int error) {
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
-// A new file beside the target that nobody else has and no link leads away from. Less than zero where there can
-// be none, and errno says why.
+// A new file beside the target that nobody else has and no link leads away from. Less than zero where there
+// can be none, and errno says why.
 int OpenStaged(const Disk& disk, const std::string& staged) {
   constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
   constexpr mode_t kMode = 0666;

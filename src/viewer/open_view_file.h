@@ -27,13 +27,13 @@ enum class FileOffer {
 /// Opens the path if it is a file that can be shown. A file that is there and cannot be opened throws.
 FileOffer OfferFile(ViewState& state, Notices& notices, const std::string& path);
 
-/// Opens the file that a person named and shows it: its folder becomes LastFolder, and whatever was being typed
-/// about another file is over. False where there is none that can be shown, which was told. Throws as OfferFile
-/// does.
+/// Opens the file that a person named and shows it: its folder becomes LastFolder, and whatever was being
+/// typed about another file is over. False where there is none that can be shown, which was told. Throws as
+/// OfferFile does.
 bool OpenAndShow(ViewState& state, Display& display, Notices& notices, const std::string& path);
 
-/// As OpenAndShow, for a dialog in which another file can be chosen: an empty file is opened, too, but told, and
-/// the answer is false.
+/// As OpenAndShow, for a dialog in which another file can be chosen: an empty file is opened, too, but told,
+/// and the answer is false.
 bool LoadAndShow(ViewState& state, Display& display, Notices& notices, const std::string& path);
 
 /// Tells that a file is, or would become, longer than the program can show.

@@ -27,8 +27,8 @@ std::string FolderOrHere(const std::string& folder);
 /// The path without a link in it; nothing, and errno, where it leads nowhere.
 std::optional<std::string> ResolvedPath(const std::string& path);
 
-/// The path that a name given for that folder (which ends with a separator) means: one that starts at the root
-/// is itself.
+/// The path that a name given for that folder (which ends with a separator) means: one that starts at the
+/// root is itself.
 std::string PathIn(const std::string& folder, const std::string& name);
 
 /// The path that a command-line text names: the text without surrounding double quotes.

@@ -34,8 +34,8 @@ struct ViewState {
   // Wide enough for a key that is held at the end of the file for days.
   std::int64_t ScrollLimit = 0;  ///< Scrolled bytes that must be exceeded before the step doubles.
   std::int64_t ScrollCount = 0;  ///< Bytes scrolled since the refresh began.
-  /// 0 to 4: how often a held scroll may double its step. Settings written by hand may hold another number; it
-  /// accelerates nothing and is written back until the menu chooses one.
+  /// 0 to 4: how often a held scroll may double its step. Settings written by hand may hold another number;
+  /// it accelerates nothing and is written back until the menu chooses one.
   int AccelMode = 0;
 
   bool FieldTyping = false;   ///< A box is being typed into or the page edited: the refresh keeps off.

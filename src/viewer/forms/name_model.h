@@ -19,9 +19,9 @@ class NameModel : public QAbstractListModel {
   const std::vector<std::string>& Names() const { return names_; }
   /// Shows other names.
   void SetNames(std::vector<std::string> names);
-  /// Turns the names into the given ones, adding and removing rows, so that selections of rows that stay hold.
-  /// The rows from `first` on must be in the order of NameLess before and after; those above stay as they are.
-  /// Takes one walk through the names however many come and go.
+  /// Turns the names into the given ones, adding and removing rows, so that selections of rows that stay
+  /// hold. The rows from `first` on must be in the order of NameLess before and after; those above stay as
+  /// they are. Takes one walk through the names however many come and go.
   void UpdateNames(const std::vector<std::string>& names, int first = 0);
 
   int rowCount(const QModelIndex& parent = {}) const override;

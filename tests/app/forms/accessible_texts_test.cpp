@@ -71,7 +71,8 @@ TEST_F(AccessibleTexts, EveryListToOpenIsHeardByItsNameAndItsValue) {
     const std::string heard = Heard(*box);
     const QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(box);
     EXPECT_EQ(interface->text(QAccessible::Value), box->currentText());
-    EXPECT_NE(heard.find(box->objectName() == QStringLiteral("Drive1") ? "Drive" : "Preset"), std::string::npos)
+    EXPECT_NE(heard.find(box->objectName() == QStringLiteral("Drive1") ? "Drive" : "Preset"),
+              std::string::npos)
         << heard;
   }
 }

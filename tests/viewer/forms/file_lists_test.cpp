@@ -85,9 +85,7 @@ class FileListsTest : public testing::Test {
     QTest::mousePress(lists_->Files().viewport(), Qt::LeftButton, {}, pressed_);
   }
   void Release() { QTest::mouseRelease(lists_->Files().viewport(), Qt::LeftButton, {}, pressed_); }
-  QPoint BesideTheRows() const {
-    return lists_->Files().viewport()->rect().bottomLeft() - QPoint(-5, 5);
-  }
+  QPoint BesideTheRows() const { return lists_->Files().viewport()->rect().bottomLeft() - QPoint(-5, 5); }
 
   const bwp::test::TempFolder folder_;
   bwp::test::Transcript told_;

@@ -94,46 +94,6 @@ TEST(PageTable, ColumnsHaveTheirGivenWidthsAndAllRowsAreSeen) {
   EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
 }
 
-// Where the text of a cell is: what differs from the colour of its corner, the grid lines left out.
-QRect InkOf(QImage cell) {
-  cell = cell.copy(cell.rect().adjusted(0, 0, -1, -1));
-  QRect ink;
-  for (int y = 0; y < cell.height(); ++y) {
-    for (int x = 0; x < cell.width(); ++x) {
-      if (cell.pixel(x, y) != cell.pixel(0, 0)) ink |= QRect(x, y, 1, 1);
-    }
-  }
-  return ink;
-}
-
-void ExpectAtTheRightAndInTheMiddle(const QImage& cell, const std::string& which) {
-  const QRect ink = InkOf(cell);
-  ASSERT_FALSE(ink.isEmpty()) << which;
-  const int left = ink.left();
-  const int right = cell.width() - 2 - ink.right();
-  EXPECT_LE(right, 4) << which;
-  EXPECT_GT(left, right) << which;
-  // Digits have no part below the line: they are a little above the middle.
-  EXPECT_LE(std::abs(ink.center().y() - cell.height() / 2), 2) << which;
-}
-
-TEST(PageTable, EveryColumnIsAlignedToTheRightAndCentredVertically) {
-  bwp::PageGrid grid;
-  FillHex(grid);
-  grid.SetText(3, 1, "8");
-  grid.SetText(3, 0, "8");
-  PageTable table(grid);
-  for (int column = 0; column < bwp::kColumns; ++column) {
-    EXPECT_EQ(Data(table, 3, column, Qt::TextAlignmentRole).value<Qt::Alignment>(),
-              Qt::AlignRight | Qt::AlignVCenter)
-        << column;
-  }
-  table.show();
-  const QImage picture = Picture(table);
-  ExpectAtTheRightAndInTheMiddle(CellPicture(table, picture, 3, 0), "offset");
-  ExpectAtTheRightAndInTheMiddle(CellPicture(table, picture, 3, 1), "value");
-}
-
 TEST(PageTable, TenDigitsFitTheOffsetColumn) {
   EXPECT_LE(QFontMetricsF(bwp::CellFont()).horizontalAdvance(QStringLiteral("2147483647")), 80);
 }
@@ -242,6 +202,46 @@ TEST(PageTable, PaintsItsColoursWithDarkTextAlsoInADarkTheme) {
   const QImage offset = CellPicture(table, picture, 4, 0);
   EXPECT_GT(Count(offset, QColor(40, 40, 40)), offset.width() * offset.height() / 2);
   EXPECT_GT(Count(offset, Qt::white), 4);
+}
+
+// Where the text of a cell is: what differs from the colour of its corner, the grid lines left out.
+QRect InkOf(QImage cell) {
+  cell = cell.copy(cell.rect().adjusted(0, 0, -1, -1));
+  QRect ink;
+  for (int y = 0; y < cell.height(); ++y) {
+    for (int x = 0; x < cell.width(); ++x) {
+      if (cell.pixel(x, y) != cell.pixel(0, 0)) ink |= QRect(x, y, 1, 1);
+    }
+  }
+  return ink;
+}
+
+void ExpectAtTheRightAndInTheMiddle(const QImage& cell, const std::string& which) {
+  const QRect ink = InkOf(cell);
+  ASSERT_FALSE(ink.isEmpty()) << which;
+  const int left = ink.left();
+  const int right = cell.width() - 2 - ink.right();
+  EXPECT_LE(right, 4) << which;
+  EXPECT_GT(left, right) << which;
+  // Digits have no part below the line: they are a little above the middle.
+  EXPECT_LE(std::abs(ink.center().y() - cell.height() / 2), 2) << which;
+}
+
+TEST(PageTable, EveryColumnIsAlignedToTheRightAndCentredVertically) {
+  bwp::PageGrid grid;
+  FillHex(grid);
+  grid.SetText(3, 1, "8");
+  grid.SetText(3, 0, "8");
+  PageTable table(grid);
+  for (int column = 0; column < bwp::kColumns; ++column) {
+    EXPECT_EQ(Data(table, 3, column, Qt::TextAlignmentRole).value<Qt::Alignment>(),
+              Qt::AlignRight | Qt::AlignVCenter)
+        << column;
+  }
+  table.show();
+  const QImage picture = Picture(table);
+  ExpectAtTheRightAndInTheMiddle(CellPicture(table, picture, 3, 0), "offset");
+  ExpectAtTheRightAndInTheMiddle(CellPicture(table, picture, 3, 1), "value");
 }
 
 TEST(PageTable, AnEmptyValueCellFitsTheTheme) {
