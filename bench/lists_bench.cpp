@@ -17,6 +17,7 @@
 #include <QDialog>
 
 #include "interleaved.h"
+#include "nobody.h"
 #include "viewer/forms/file_lists.h"
 
 namespace {
@@ -52,12 +53,6 @@ void ReadAndSort(const std::string& folder) {
   if (names.empty()) std::abort();
 }
 
-class Silence : public bwp::Notices {
- public:
-  void Tell(const std::string& /*text*/, const std::string& /*title*/, Icon /*icon*/) override {}
-  bool Ask(const std::string& /*question*/) override { return false; }
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -68,7 +63,7 @@ int main(int argc, char** argv) {
   const ManyFiles files(count);
   bwp::ViewState state;
   state.LastFolder = files.Path();
-  Silence notices;
+  bench::NoNotices notices;
   QDialog dialog;
   dialog.resize(580, 420);
   bwp::FileLists lists(state, notices, dialog);
@@ -91,12 +86,8 @@ int main(int argc, char** argv) {
                                             }},
                                            {"follow one new file", follow}},
                                           rounds);
-  const auto row = [&](const std::string& what, const bench::Job& job) {
-    bench::Row(what, bench::Number(bench::Median(job.seconds) / bench::Median(jobs[0].seconds)),
-               bench::Number(bench::Median(job.processor) / bench::Median(jobs[0].processor)),
-               bench::AtMost(3));
-  };
-  row("time to list " + std::to_string(count) + " files / read and sort", jobs[1]);
-  row("time to follow a new one / read and sort", jobs[2]);
+  const std::string size = std::to_string(count);
+  bench::TimeRow("time to list " + size + " files / read and sort", jobs[1], jobs[0], bench::AtMost(3));
+  bench::TimeRow("time to follow a new one / read and sort", jobs[2], jobs[0], bench::AtMost(3));
   return 0;
 }
