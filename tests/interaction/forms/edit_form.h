@@ -78,7 +78,7 @@ struct EditForm : FileWindow {
   }
   /// Runs something once, when events run for the given time (1 is the next).
   void InRound(int round, std::function<void()> action) {
-    display.onEvents = [this, round, action = std::move(action), seen = 0]() mutable {
+    display.onEvents = [round, action = std::move(action), seen = 0]() mutable {
       if (++seen == round) action();
     };
   }
