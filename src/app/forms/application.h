@@ -11,9 +11,10 @@
 
 namespace bwp {
 
-/// The application object: the one place where a RunTimeError is caught. It reports the error and ends the
-/// program there and then, however deep in nested event processing it was thrown, so that no further line of
-/// the interrupted operation runs. Any other exception is reported as error 5, memory that ran out as 7.
+/// The application object, where a RunTimeError that no one else caught arrives. It reports the error and
+/// ends the program there and then, however deep in nested event processing it was thrown, so that no further
+/// line of the interrupted operation runs. Any other exception is reported as error 5, memory that ran out
+/// as 7.
 ///
 /// EarlyFonts is the first base: its thread must run before QApplication connects to the display.
 class Application : private EarlyFonts, public QApplication {

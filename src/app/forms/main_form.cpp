@@ -42,7 +42,7 @@ MainForm::MainForm(std::string progFolder)
   ConnectChunkCommands();
   ConnectTools();
   ConnectClosing();
-  controls_.edit->mayEnter = [this] { return !Working(); };
+  controls_.edit->mayEnter = [this] { return IsIdle(); };
   connect(controls_.edit, &EditController::Entered, this, [this] { HideFileDialogs(); });
   connect(controls_.edit, &EditController::ControlsEnabled, this, [this] { EnableCommands(); });
   EnableCommands();
@@ -131,7 +131,7 @@ void MainForm::ShowSplitJoin() {
 // One at a time, and none under the bytes that are being edited. A command ends whatever was being typed: its
 // result would otherwise stay unseen.
 void MainForm::Operate(const std::function<void()>& operation) {
-  if (Busy()) return;
+  if (!MayOperate()) return;
   const QScopedValueRollback operating(operating_, true);
   state_.FieldTyping = false;
   operation();
@@ -156,13 +156,13 @@ void MainForm::EnableCommands() {
   controls_.edit->edit->setEnabled(MayEdit(state_));
 }
 
-// An operation runs, or what it has to say was not read yet.
-bool MainForm::Working() const {
-  return operating_ || progress_.Visible() || QApplication::activeModalWidget() != nullptr;
+// No operation is running, and no message is waiting to be read.
+bool MainForm::IsIdle() const {
+  return !operating_ && !progress_.Visible() && QApplication::activeModalWidget() == nullptr;
 }
 
-bool MainForm::Busy() const {
-  return operating_ || progress_.Visible() || controls_.edit->Busy();
+bool MainForm::MayOperate() const {
+  return !operating_ && !progress_.Visible() && !controls_.edit->Busy();
 }
 
 void MainForm::HideFileDialogs() {
@@ -178,7 +178,7 @@ void MainForm::ConnectClosing() {
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {
-  if (Working()) {
+  if (!IsIdle()) {
     closing_.start();
     event->ignore();
     return;
@@ -190,11 +190,11 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 void MainForm::dragEnterEvent(QDragEnterEvent* event) {
-  if (!Busy()) AcceptFile(*event);
+  if (MayOperate()) AcceptFile(*event);
 }
 
 void MainForm::dropEvent(QDropEvent* event) {
-  if (Busy()) return;
+  if (!MayOperate()) return;
   if (const std::optional<std::string> path = AcceptFile(*event)) {
     OpenAndShow(state_, *this, notices_, *path);
   }

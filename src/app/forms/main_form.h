@@ -55,8 +55,8 @@ class MainForm : public QMainWindow, private Display {
   void ShowSaver(const SaveTask& task);
   void ShowSplitJoin();
   void Operate(const std::function<void()>& operation);
-  bool Working() const;
-  bool Busy() const;
+  bool IsIdle() const;
+  bool MayOperate() const;
   void HideFileDialogs();
   void ChooseAccelerationEntry(int choice);
   void EnableCommands();

@@ -73,7 +73,7 @@ TEST_F(HeldKey, ClickingEditStopsThePageAndBeginsACleanMode) {
   EXPECT_EQ(form->State().SWStart, start);
   const std::string bytes = PatternBytes(50'000);
   for (int row = 1; row < 32; ++row) {
-    const auto byte = static_cast<unsigned char>(bytes[static_cast<std::size_t>(start) + row * 16U]);
+    const auto byte = static_cast<unsigned char>(bytes[static_cast<std::size_t>(start + row * 16)]);
     EXPECT_EQ(Cell(row, 1).toInt(nullptr, 16), byte) << row;
   }
 }
