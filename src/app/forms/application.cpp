@@ -30,7 +30,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   ReleaseLinkerPages();
   setStyle(new LeanStyle);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style
   setApplicationName(QStringLiteral("Bytewarp"));
-  setDesktopFileName(QStringLiteral("bytewarp"));
+  setDesktopFileName(QStringLiteral("org.bytewarp.Bytewarp"));
 }
 
 void Application::Guard(const std::function<void()>& work) {

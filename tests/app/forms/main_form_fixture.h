@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "app/forms/main_form.h"
+#include "support/scoped_variable.h"
 #include "support/temp_folder.h"
 
 namespace bwp::test {
@@ -41,6 +42,9 @@ class MainFormTest : public testing::Test {
   void Press(int key) { QTest::keyClick(form.get(), static_cast<Qt::Key>(key)); }
 
   TempFolder folder;
+  // One temporary file serves all copies of the program, and tests run side by side.
+  TempFolder temporary;
+  ScopedVariable variable{"TMPDIR", temporary.Path().c_str()};
   std::unique_ptr<MainForm> form;
 };
 
