@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,11 +20,9 @@ constexpr int kMostLinks = 40;
 
 // The entry of a folder that a path names, spelt in one way only; empty when its folder is not there.
 std::string EntryOf(const std::string& path) {
-  const std::string folder = funzioni::FolderOf(path);
-  const std::unique_ptr<char, decltype(&std::free)> resolved(
-      realpath(folder.empty() ? "." : folder.c_str(), nullptr), &std::free);
-  if (!resolved) return {};
-  return funzioni::WithSeparator(resolved.get()) + funzioni::NameOf(path);
+  const std::optional<std::string> folder =
+      funzioni::ResolvedPath(funzioni::FolderOrHere(funzioni::FolderOf(path)));
+  return folder ? funzioni::WithSeparator(*folder) + funzioni::NameOf(path) : std::string();
 }
 
 // What a symbolic link says, from the root on; empty when the entry is none.

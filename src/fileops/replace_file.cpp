@@ -2,8 +2,7 @@
 
 #include <cerrno>
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,9 +29,9 @@ bool OnOneDevice(const std::string& one, const std::string& other) {
 }
 
 std::string Resolved(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr), &std::free);
+  const std::optional<std::string> resolved = funzioni::ResolvedPath(path);
   if (!resolved) throw RunTimeErrorFromErrno(errno, path);
-  return resolved.get();
+  return *resolved;
 }
 
 // Immutable, in somebody's sticky folder, a mount point, a file in use as a program, a folder that takes no

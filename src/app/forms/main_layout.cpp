@@ -32,7 +32,10 @@ QVBoxLayout* ArrangePanels(const MainLayout& controls) {
   first->addStretch();
   first->addWidget(controls.edit);
 
+  // Each group keeps clear of the heading of the next.
+  constexpr int kBetweenGroups = 12;
   auto* const panels = new QVBoxLayout;
+  panels->setSpacing(kBetweenGroups);
   panels->addLayout(first);
   panels->addWidget(controls.position);
   panels->addWidget(controls.chunk);

@@ -6,15 +6,15 @@
 #include <QVBoxLayout>
 
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
 
 constexpr int kMostLines = 12;
 
-void Name(QPushButton& button, const QString& name, const QString& text) {
-  button.setObjectName(name);
-  button.setAccessibleName(text);
+void Caption(QPushButton& button, const QString& name, const QString& text) {
+  Name(button, name, text);
   button.setText(text);
 }
 
@@ -29,8 +29,9 @@ Dialog::Dialog(bool& answer, QWidget* parent)
       QStringLiteral("Warning sdfsdffd  fsdfsdfsdf fdsfsdfsd sdfsdfsdf sdfsdfsdf fsdfsdf "
                      "fsdffsdsfd fdsff"));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  Name(*buttons->button(QDialogButtonBox::Ok), QStringLiteral("OKButton"), QStringLiteral("OK"));
-  Name(*buttons->button(QDialogButtonBox::Cancel), QStringLiteral("CancelButton"), QStringLiteral("Cancel"));
+  Caption(*buttons->button(QDialogButtonBox::Ok), QStringLiteral("OKButton"), QStringLiteral("OK"));
+  Caption(*buttons->button(QDialogButtonBox::Cancel), QStringLiteral("CancelButton"),
+          QStringLiteral("Cancel"));
   connect(buttons, &QDialogButtonBox::accepted, this, [this] { Answer(true); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { Answer(false); });
 
@@ -43,9 +44,7 @@ Dialog::Dialog(bool& answer, QWidget* parent)
 void Dialog::Ask(const std::string& question) {
   warning_->setText(FromPath(question));
   adjustSize();
-  show();
-  raise();
-  activateWindow();
+  BringUp(*this);
 }
 
 void Dialog::reject() {

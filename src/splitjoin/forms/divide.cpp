@@ -15,6 +15,7 @@
 #include "splitjoin/forms/up_down.h"
 #include "viewer/forms/text_conversion.h"
 #include "viewer/forms/units.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
@@ -213,9 +214,7 @@ void Divide::ConnectSizeFields() {
 void Divide::Start() {
   plan_.init();
   Plan();
-  show();
-  raise();
-  activateWindow();
+  BringUp(*this);
 }
 
 bool Divide::event(QEvent* event) {

@@ -7,6 +7,7 @@
 
 #include "splitjoin/help_text.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
@@ -38,9 +39,7 @@ Helpsplit::Helpsplit(QWidget* parent) : QDialog(parent) {
 
 void Helpsplit::ShowHelp() {
   setWindowTitle(QStringLiteral("Split & Join Help"));
-  show();
-  raise();
-  activateWindow();
+  BringUp(*this);
 }
 
 }  // namespace bwp
