@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// The program's one character set: Windows-1252, one character a byte. The five bytes that the code page
-/// leaves unassigned stand for the control characters of the same number, so that every byte is a character.
+/// The program's one character set: Windows-1252, one byte per character. The five bytes that the code page
+/// leaves unassigned map to the control characters of the same number, so that every byte is a character.
 namespace code_page {
 
 /// The Unicode character of a byte.
@@ -27,7 +27,7 @@ std::string FromUnicode(std::u16string_view text);
 /// equal in a case-insensitive comparison when their folded bytes are.
 std::uint8_t Fold(std::uint8_t byte);
 
-/// The upper-case byte of a letter, the other way round of Fold; a letter without one stays as it is.
+/// The upper-case byte of a letter, the inverse of Fold; a letter without one stays as it is.
 std::uint8_t Upper(std::uint8_t byte);
 
 }  // namespace code_page

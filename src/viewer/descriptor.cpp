@@ -10,7 +10,7 @@ void Descriptor::Close() {
 }
 
 Descriptor OpenForReading(const std::string& path) {
-  // Non-blocking, so that a pipe that took the file's name meanwhile does not hang the program.
+  // Non-blocking, so that a pipe that has replaced the file does not hang the program.
   Descriptor descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!descriptor.IsOpen()) throw RunTimeErrorFromErrno(errno, path);
   if (!S_ISREG(StatusOf(descriptor.Number(), path).st_mode)) throw MakeRunTimeError(kPathFileAccess, path);

@@ -12,7 +12,7 @@
 
 namespace bwp {
 
-/// Owns a file descriptor that nothing is written through; it is closed with this object.
+/// Owns a file descriptor that is only read from; it is closed with this object.
 class Descriptor {
  public:
   Descriptor() = default;
@@ -33,15 +33,14 @@ class Descriptor {
   int number_ = -1;
 };
 
-/// Opens the regular file for reading. Throws the platform's file error; 75 for what is no regular file.
+/// Opens a regular file for reading. Throws RunTimeError, number 75 if the path is not a regular file.
 Descriptor OpenForReading(const std::string& path);
 
-/// What the system knows of an open file; the path is for the report. Throws the platform's file error.
+/// The status of an open file; the path is only for the error report. Throws RunTimeError.
 struct stat StatusOf(int descriptor, const std::string& path);
 
-/// Reads up to count bytes; returns how many there were, fewer only at the end of the file. `readSome` is
-/// given where the next bytes go, how many are missing and how many were read. Throws the platform's file
-/// error.
+/// Reads up to count bytes and returns how many were read, fewer only at the end of the file. `readSome` gets
+/// the address for the next bytes, how many are missing and how many have been read. Throws RunTimeError.
 template <typename ReadSome>
 std::size_t ReadUntilFull(const std::string& path, void* bytes, std::size_t count, ReadSome readSome) {
   std::size_t done = 0;

@@ -15,27 +15,27 @@ struct ChunkTexts {
   std::string mdstart, mdend, Mdsize, MHStart, MHEnd, MHSize;
 };
 
-/// Where a refresh shows its work: the main form in the program, a recorder in the tests. The grid's cells
-/// and the thumb's place are read from the view state that both sides hold.
+/// Where a refresh shows its results: the main form in the program, a recorder in the tests. The grid's cells
+/// and the thumb's position are read from the view state that both sides share.
 class Display {
  public:
   virtual ~Display() = default;
 
-  /// Off: cells may be written without being seen. On: the page shows what stands in the grid now.
+  /// Off: cells may change without being repainted. On: the page shows the grid's current content.
   virtual void SetRedraw(bool on) = 0;
   /// The thumb's top or height changed.
   virtual void MoveThumb() = 0;
   /// The main form's caption; the file name in it is a byte string.
   virtual void ShowTitle(const std::string& title) = 0;
-  /// The ruler's labels are to be those of the given base.
+  /// Shows the ruler's labels in hexadecimal or decimal.
   virtual void ShowRuler(bool hex) = 0;
   virtual void ShowWindowTexts(const WindowTexts& texts) = 0;
   virtual void ShowChunkTexts(const ChunkTexts& texts) = 0;
-  /// Gives the grid the focus when it takes input.
+  /// Gives the grid the focus if it is enabled.
   virtual void FocusGridIfEnabled() = 0;
-  /// Handles the events that wait, and comes back.
+  /// Handles the pending events and returns.
   virtual void LetEventsRun() = 0;
-  /// Puts the page on the screen and handles events until the screen can show another one.
+  /// Paints the page and handles events until the screen can show the next one.
   virtual void NextFrame() = 0;
 };
 

@@ -16,7 +16,7 @@ namespace {
 
 enum class Kind { kFolder, kFile, kOther };
 
-// Most file systems say with the name what it is; only links and the silent ones cost a look.
+// Most file systems give the type with the name; only links and unknown types need a call of fstatat.
 Kind KindOf(int folder, const dirent& entry) {
   if (entry.d_type == DT_DIR) return Kind::kFolder;
   if (entry.d_type == DT_REG) return Kind::kFile;

@@ -9,7 +9,7 @@ bool OnPage(std::int64_t offset, std::int64_t pageStart) {
   return offset >= pageStart && offset <= pageStart + kPageBytes - 1;
 }
 
-// A byte of the hit is the hit's again when no mark stands on it any more.
+// A byte of the hit gets the hit's colour back when a mark leaves it.
 void ClearCell(ViewState& state, std::int64_t offset) {
   if (!OnPage(offset, state.SWPrev)) return;
   const auto position = static_cast<int>(offset - state.SWPrev);
@@ -26,7 +26,7 @@ void ColourCell(ViewState& state, std::int64_t offset, Colour colour) {
   }
 }
 
-// The part of the hit that the page from pageStart shows, as page positions [first, last).
+// The part of the hit on the page that starts at pageStart, as page positions [first, last).
 struct PageRange {
   int first;
   int last;

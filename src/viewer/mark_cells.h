@@ -4,18 +4,18 @@
 
 namespace bwp {
 
-/// Gives the marks' new places, and the cells of the old ones that are on the shown page their own colour
-/// back. Every change of a mark goes through here, except opening a file, which clears the grid.
+/// Moves the marks. The cells of the old ones on the shown page get back their own colour, or that of the
+/// hit. Every change of a mark goes through here, except opening a file, which clears the grid.
 void MoveMarks(ViewState& state, std::int64_t markStart, std::int64_t markEnd);
 
-/// The refresh's colouring of the boundary cells: the marks' cells as they stood on the page shown before are
-/// cleared, then those on the page shown now coloured. Of two equal marks Mark End's colour wins.
+/// Recolours the marks for a refresh: clears their cells on the page shown before, then colours those on the
+/// page shown now. If both marks are equal, Mark End's colour wins.
 void ColourMarks(ViewState& state);
 
-/// Colours the bytes of a hit cyan where they lie on the page, and remembers them.
+/// Remembers a hit, and colours those of its bytes cyan that are on the page.
 void ShowHit(ViewState& state, std::int64_t start, std::int64_t length);
 
-/// Gives the hit's bytes their own colour back, a mark's cell the mark's, and forgets the hit.
+/// Gives the hit's bytes back their own colour, or that of a mark, and forgets the hit.
 void ClearHit(ViewState& state);
 
 }  // namespace bwp

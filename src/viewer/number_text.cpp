@@ -9,7 +9,7 @@
 namespace funzioni {
 namespace {
 
-// What the programs of old took for junk at the ends of a typed text: everything below "&" and above "¥".
+// Everything below "&" and above "¥" counts as junk at the ends of a typed text.
 constexpr std::uint8_t kFirstKept = 38;
 constexpr std::uint8_t kLastKept = 165;
 
@@ -41,7 +41,7 @@ std::string HexText(std::int64_t value, std::size_t width) {
 
 // Hundredths of a unit, ties to the even neighbour.
 std::int64_t RoundedHundredths(std::int64_t count, std::int64_t unit) {
-  // Whole units apart: a hundred times the longest size that a file system can name is no longer a number.
+  // Whole units are converted separately: a hundred times the largest file size would overflow.
   const std::int64_t scaled = count % unit * 100;
   const std::int64_t whole = count / unit * 100 + scaled / unit;
   const std::int64_t twiceRest = (scaled % unit) * 2;

@@ -5,26 +5,28 @@
 #include <string>
 #include <string_view>
 
-/// Numbers as texts and back. Typed texts are in the program's own character set, one byte a character.
+/// Conversions between numbers and texts. Typed texts are in the program's own character set, one byte per
+/// character.
 namespace funzioni {
 
-/// Upper-case hexadecimal text, with one "0" in front of a single digit; 256 and more are not cut.
-/// Throws error 6 outside the signed 32-bit range; a negative value comes out in two's complement.
+/// Upper-case hexadecimal text, with one "0" in front of a single digit; values of 256 and more are not cut.
+/// Throws error 6 outside the signed 32-bit range; a negative value is shown in two's complement.
 std::string HexByte(std::int64_t value);
 
 /// Upper-case hexadecimal text of eight digits. Throws as HexByte does.
 std::string HexOffset(std::int64_t value);
 
-/// The value of a hexadecimal text after StripEdgeJunk, up to the first character that is no digit; 0 where
-/// there is none. Up to four digits are read as a signed 16-bit integer and up to eight as a signed 32-bit
-/// one (FFFF is -1, 0FFFF is 65535); more digits are read as a plain number that stops at kTypedLimit.
+/// The value of a hexadecimal text after StripEdgeJunk, up to the first character that is not a digit; 0 if
+/// there are no digits. Up to four digits are read as a signed 16-bit integer and up to eight as a signed
+/// 32-bit one (FFFF is -1, 0FFFF is 65535); more digits are read as a plain number that stops at kTypedLimit.
 std::int64_t ParseHex(std::string_view text);
 
-/// The value of a decimal text: leading blanks, then digits up to the first character that is none; 0 where
-/// there is none. Stops at kTypedLimit.
+/// The value of a decimal text: leading spaces, then digits up to the first other character; 0 if there are
+/// no digits. Stops at kTypedLimit.
 std::int64_t ParseDecimal(std::string_view text);
 
-/// No typed number reads as more than this: far above every file's length, far below overflow in a sum.
+/// The largest value that a typed number can have: far above every file's length, far below overflow in a
+/// sum.
 inline constexpr std::int64_t kTypedLimit = std::int64_t{1} << 53;
 
 /// True when the text, after StripEdgeJunk, is a non-empty run of digits (with hexAllowed also of the letters
@@ -35,14 +37,14 @@ bool IsNumberText(std::string_view text, bool hexAllowed = false);
 /// is.
 std::string StripEdgeJunk(std::string_view text);
 
-/// A size for people: up to two decimals with the locale's separator, and " GB", " MB", " KB" or " Bytes". A
-/// unit begins above its size: 1024 is "1024 Bytes", 1025 is "1 KB".
+/// A size in a readable unit: up to two decimals with the locale's separator, and " GB", " MB", " KB" or
+/// " Bytes". A unit begins above its size: 1024 is "1024 Bytes", 1025 is "1 KB".
 std::string SizeText(std::int64_t count);
 
 /// The number's decimal text with "." between groups of three digits. Empty when the flag is set.
 std::string GroupThousands(std::int64_t number, bool empty = false);
 
-/// Decimal text with one blank in front when the number is not negative: how numbers stand in captions.
+/// Decimal text with a leading space if the number is not negative, as captions show numbers.
 std::string SignPadded(std::int64_t number);
 
 /// The largest of the values; the first of equal ones.
@@ -51,8 +53,8 @@ std::int64_t MaxOf(std::initializer_list<std::int64_t> values);
 /// The smallest of the values; the first of equal ones.
 std::int64_t MinOf(std::initializer_list<std::int64_t> values);
 
-/// The text without the given character once at its start and once at its end; a text of fewer than two
-/// characters stays as it is.
+/// The text without one such quote at its start and one at its end, where there is one; a text of fewer than
+/// two characters stays as it is.
 std::string StripQuotes(const std::string& text, char quote = '"');
 
 }  // namespace funzioni

@@ -12,7 +12,7 @@ namespace {
 // The handle, the length and an empty grid: what opening and re-opening have in common.
 void TakeFile(ViewState& state) {
   state.file.Open(state.OpenFile);
-  // It may have grown past what can be shown since somebody looked.
+  // The file may have grown past the limit since its length was checked.
   state.FLen = funzioni::MinOf({state.file.Length(), kMaxFileLength});
   state.tabe.Clear();
   state.hit = {};
@@ -71,7 +71,7 @@ bool LoadAndShow(ViewState& state, Display& display, Notices& notices, const std
     Refresh(state, display);
     return true;
   }
-  // No refresh for an empty file, but nothing of the last file may stay there as if it were this one's.
+  // An empty file gets no refresh, but nothing of the previous file may stay visible.
   display.SetRedraw(true);
   display.MoveThumb();
   display.ShowTitle(TitleText(state));

@@ -38,7 +38,7 @@ constexpr GridCell CharCell(int position) {
   return {position / kBytesPerRow, position % kBytesPerRow + kFirstCharColumn};
 }
 
-/// The nearest cell of a byte to a place that may lie beside the cells, or on an offset.
+/// The byte cell nearest to a place, which may be outside the grid or on an offset.
 GridCell NearestByteCell(GridCell place);
 
 /// A colour as blue, green, red: 0x00BBGGRR.
@@ -55,7 +55,7 @@ class PageGrid {
  public:
   PageGrid();
 
-  /// Empties every cell and gives each its own colour back.
+  /// Empties every cell and gives it back its own colour.
   void Clear();
 
   std::string_view Text(int row, int column) const;
@@ -74,7 +74,7 @@ class PageGrid {
 
   /// Colours the value and the character cell of the byte at page position 0 to 511.
   void ColourByte(int position, Colour value, Colour character);
-  /// Gives both cells of the byte their own colours back.
+  /// Gives both cells of the byte back their own colours.
   void ResetByteColour(int position) { ColourByte(position, kValueColour, kCharColour); }
 
  private:
@@ -91,10 +91,10 @@ class PageGrid {
   std::array<Cell, std::size_t{kRows} * kColumns> cells_;
 };
 
-/// Gives the character cells of the whole grid their own green.
+/// Colours all character cells of the grid green.
 void PaintCharCells(PageGrid& grid);
 
-/// The label of ruler column 1 to 32: 0 to 15 twice over, 10 to 15 as the letters A to F in hexadecimal.
+/// The label of ruler column 1 to 32: 0 to 15 twice, 10 to 15 as the letters A to F in hexadecimal.
 std::string RulerLabel(int column, bool hex);
 
 }  // namespace bwp

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-/// Paths are byte strings as the operating system has them; they need not be UTF-8.
+/// Paths are byte strings as the operating system uses them; they need not be UTF-8.
 namespace funzioni {
 
 /// The platform's folder separator.
@@ -21,14 +21,13 @@ std::string NameOf(const std::string& path);
 /// The folder with a separator appended when it does not already end with one.
 std::string WithSeparator(std::string folder);
 
-/// The folder as system calls want it: "." for the empty one that FolderOf gives a bare name.
+/// The folder as system calls need it: "." for an empty one, as FolderOf returns it for a bare name.
 std::string FolderOrHere(const std::string& folder);
 
-/// The path without a link in it; nothing, and errno, where it leads nowhere.
+/// The absolute path with all links resolved; nothing, with errno set, if it cannot be resolved.
 std::optional<std::string> ResolvedPath(const std::string& path);
 
-/// The path that a name given for that folder (which ends with a separator) means: one that starts at the
-/// root is itself.
+/// The path of a name relative to the folder, which ends with a separator; an absolute name stays as it is.
 std::string PathIn(const std::string& folder, const std::string& name);
 
 /// The path that a command-line text names: the text without surrounding double quotes.

@@ -8,12 +8,12 @@ namespace {
 // The margin is this much of the form's outer size, whatever the inner size is measured in.
 constexpr double kMarginUnits = 60;
 
-// One direction of the form; the rules are the same for both.
+// One dimension of the form; the rules are the same for both.
 struct Direction {
   double inner;
   double margin;
 
-  // Where a percentage of the form lies, never nearer to the edge than the margin.
+  // The position of a percentage of the form, never nearer to its start than the margin.
   double At(double percent) const { return std::max(margin, percent * inner / 100); }
 };
 

@@ -3,10 +3,10 @@
 #include <string_view>
 #include <variant>
 
-/// Where a dialog's controls stand when it is resized, in form units.
+/// The layout of a dialog's controls when it is resized, in form units.
 namespace bwp {
 
-/// The inside of a form's frame and the whole of it.
+/// A form's size without and with its frame.
 struct FormSize {
   double innerWidth, innerHeight;
   double outerWidth, outerHeight;
@@ -16,11 +16,11 @@ struct Place {
   double left = 0, top = 0, width = 0, height = 0;
 };
 
-/// What a control is placed by: nothing, another control, or a percentage of the form's inner size.
+/// What a control is placed relative to: nothing, another control, or a percentage of the form's inner size.
 using Anchor = std::variant<std::monostate, Place, double>;
 
-/// In the order in which they are applied: the control moves to the margin from the anchor or, for a
-/// percentage, with its edge to it; width and height then move its right and lower edge likewise.
+/// Applied in this order: the control moves to a margin's distance from the anchor or, for a percentage, puts
+/// its edge there; width and height then place its right and lower edges likewise.
 struct Anchors {
   Anchor rightOf = {};
   Anchor below = {};
@@ -34,7 +34,7 @@ struct Anchors {
 double HorizontalMargin(const FormSize& form);
 double VerticalMargin(const FormSize& form);
 
-/// The control's new place. The code has the last word: "r" and "b" put it at the right and bottom edge, "rb"
+/// The control's new place. The code is applied last: "r" and "b" put it at the right and bottom edge, "rb"
 /// at both, "c" into the middle, "cw" and "ch" into the middle of the width or height, "l" at the left edge.
 Place Placed(const FormSize& form, Place control, std::string_view code, const Anchors& anchors = {});
 

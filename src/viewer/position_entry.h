@@ -15,14 +15,14 @@ void EnterHStart(ViewState& state, Display& display, std::string_view text);
 /// Last byte in hexadecimal: the thumb moves, then the page is shown.
 void EnterHEnd(ViewState& state, Display& display, std::string_view text);
 
-/// Start in decimal: the thumb moves; the page is shown only by the next refresh, because this one still
-/// finds the field being typed into.
+/// Start in decimal: the thumb moves; the page is shown only by the next refresh, because FieldTyping is
+/// still set during this one.
 void EnterDstart(ViewState& state, Display& display, std::string_view text);
 
 /// Last byte in decimal: the thumb moves, then the page is shown.
 void EnterDend(ViewState& state, Display& display, std::string_view text);
 
-/// Escape in a box, or any other end of typing: the boxes show the view state again.
+/// Ends typing, by Escape or otherwise: the boxes show the view state again.
 void AbandonTyping(ViewState& state, Display& display);
 
 }  // namespace bwp

@@ -13,22 +13,22 @@ namespace {
 using funzioni::GroupThousands;
 using funzioni::HexOffset;
 
-// A step from here on is not doubled. The comparison is signed: scrolling up is never held back by it.
+// A step of this size or more is not doubled. The comparison is signed, so it never limits scrolling up.
 constexpr std::int32_t kDoublingBound = 66666512;
-// The first doubling comes after this many steps have been exceeded.
+// The step is first doubled when more than this many steps have been scrolled.
 constexpr std::int64_t kStepsBeforeDoubling = 64;
 
 std::int64_t Magnitude(std::int32_t step) {
   return std::abs(std::int64_t{step});
 }
 
-// A number that the menu does not offer stands for no acceleration.
+// A number that the menu does not offer means no acceleration.
 int DoublingsAllowed(const ViewState& state) {
   constexpr int kMost = 4;
   return state.AccelMode <= kMost ? state.AccelMode : 0;
 }
 
-// One turn of the scrolling: the step, the clamp, the thumb, the acceleration.
+// One pass of the scrolling: the step, the clamp, the thumb, the acceleration.
 void Scroll(ViewState& state, Display& display, int& doublings) {
   state.SWStart += state.ScrollStep;
   ClampStart(state);
@@ -47,7 +47,7 @@ std::string OffsetText(std::int64_t offset, bool hex) {
   return hex ? HexOffset(offset) : std::to_string(offset);
 }
 
-// What the file no longer holds, because somebody cut it short, must not stand there as if it did.
+// If the file was truncated meanwhile, the bytes it no longer has must not stay visible.
 void EmptyBytesFrom(PageGrid& grid, int position) {
   for (; position < kPageBytes; ++position) {
     grid.SetText(ValueCell(position), {});
@@ -55,7 +55,7 @@ void EmptyBytesFrom(PageGrid& grid, int position) {
   }
 }
 
-// The hit's colour belongs to the page it was found on: another start or other bytes there end it.
+// The hit is coloured only on the page it was found on: another start or other bytes there end it.
 bool ShowsOther(const ViewState& state, const std::uint8_t* bytes, std::size_t count) {
   if (state.SWStart != state.SWPrev) return true;
   for (std::size_t position = 0; position < kPageBytes; ++position) {

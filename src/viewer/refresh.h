@@ -6,15 +6,15 @@
 namespace bwp {
 
 /// Redraws everything from the view state; nearly every command ends here. Adds ScrollStep to SWStart once,
-/// and goes on doing so page by page while AutoScroll is set, speeding up as AccelMode allows. Events run
-/// between the pages, so that whoever set AutoScroll can clear it; handlers may call Refresh again meanwhile.
-/// Does nothing while RefreshIsHeldBack. Throws RunTimeError when the page cannot be read.
+/// and goes on doing so page by page while AutoScroll is set, speeding up as AccelMode allows. Events are
+/// handled between the pages, so that a handler can clear AutoScroll; handlers may also call Refresh. Does
+/// nothing while RefreshIsHeldBack. Throws RunTimeError when the page cannot be read.
 void Refresh(ViewState& state, Display& display);
 
-/// A box is being typed into, and no search has moved the page since; or the page is being edited.
+/// True while the page is being edited, or a box is being typed into and no search has moved the page since.
 bool RefreshIsHeldBack(const ViewState& state);
 
-/// Holds SWStart to 0 .. FLen - 512; 0 for a shorter file.
+/// Limits SWStart to 0 .. FLen - 512; 0 for a shorter file.
 void ClampStart(ViewState& state);
 
 /// The caption of the main form.

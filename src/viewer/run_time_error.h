@@ -4,13 +4,13 @@
 
 namespace bwp {
 
-/// An unexpected failure: a file operation or an arithmetic rule that cannot go on. It is thrown through
-/// everything up to the application object, which reports it and ends the program.
+/// An unexpected failure of a file operation or a calculation. It is thrown up to the application object,
+/// which reports it and ends the program.
 struct RunTimeError {
   int number;
   std::string text;
-  std::string path;  ///< The file it is about; empty where none is known.
-  std::string note;  ///< What was kept and where, one finished sentence a line; usually empty.
+  std::string path;  ///< The file it is about; empty if unknown.
+  std::string note;  ///< What was kept and where, one full sentence per line; usually empty.
 
   /// The text of the report: "Run-time error 'N':", an empty line, the text, then path and note on lines of
   /// their own where there are any.
@@ -38,8 +38,8 @@ enum RunTimeErrorNumber : int {
 /// The error of that number with its standard text.
 RunTimeError MakeRunTimeError(RunTimeErrorNumber number, std::string path = {});
 
-/// The error that stands for a failed system call on path. A missing folder and a missing file are told apart
-/// by looking whether the folder of path is there.
+/// The error for a failed system call on path. A missing file is distinguished from a missing folder by
+/// checking whether the folder of path exists.
 RunTimeError RunTimeErrorFromErrno(int errnoValue, std::string path);
 
 }  // namespace bwp

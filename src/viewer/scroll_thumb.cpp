@@ -8,7 +8,7 @@
 namespace bwp {
 namespace {
 
-// Small enough for the largest file, large enough for a hand: a little over 13 pixels.
+// Large enough to grab even for the largest file: a little over 13 pixels.
 constexpr double kMinThumbHeight = 200;
 // Keeps the scroll range from being zero for a file that one page shows whole.
 constexpr double kMinScrollRange = 0.05;

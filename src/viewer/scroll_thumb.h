@@ -11,17 +11,16 @@ struct ScrollThumb {
   double height = 0;
   double top = 0;
   double ThumbTravel = 0;  ///< The largest top: track height minus thumb height.
-  double ThumbScale = 0;   ///< Units of travel for a byte of the Show Window's start.
+  double ThumbScale = 0;   ///< Units of travel per byte of the Show Window's start.
 
-  /// Sizes the thumb for a file of that length in a track of that height. The top stays for the caller to
-  /// set.
+  /// Sizes the thumb for a file of that length in a track of that height. The caller sets the top.
   void Fit(std::int64_t fileLength, double track);
 
   /// The top that shows the page at start.
   double TopOf(std::int64_t start) const { return static_cast<double>(start) * ThumbScale; }
 
   /// The page start that a top shows: the nearest whole number, an exact half to the even neighbour; 0 for a
-  /// file that leaves the thumb no way to go.
+  /// file for which the thumb cannot move.
   std::int64_t StartOf(double thumbTop) const;
 };
 

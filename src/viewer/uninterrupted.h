@@ -4,7 +4,7 @@
 
 namespace bwp {
 
-/// Makes a system call again for as long as a signal interrupts it.
+/// Repeats a system call for as long as a signal interrupts it.
 template <typename Call>
 auto Uninterrupted(Call call) {
   auto result = call();

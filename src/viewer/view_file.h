@@ -13,29 +13,29 @@ namespace bwp {
 /// The longest file that is opened: positions are signed 32-bit values.
 inline constexpr std::int64_t kMaxFileLength = 2'147'483'647;
 
-/// Which file a path leads to, whatever its name: device and inode.
+/// Identifies a file whatever its name: device and inode.
 struct FileIdentity {
   dev_t device = 0;
   ino_t inode = 0;
   friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
-/// The open file's handle of the page display: positioned reads of a regular file, nothing written.
+/// The page display's handle on the open file: positioned reads of a regular file, no writes.
 class ViewFile {
  public:
-  /// Opens the path after closing what was open. Throws the platform's file error; 75 for what is no regular
-  /// file.
+  /// Opens the path after closing the previous file. Throws RunTimeError, number 75 if the path is not a
+  /// regular file.
   void Open(const std::string& path);
   void Close() { descriptor_.Close(); }
   bool IsOpen() const { return descriptor_.IsOpen(); }
 
-  /// The file's length now, in bytes. Throws as Open does.
+  /// The file's current length in bytes. Throws RunTimeError.
   std::int64_t Length() const;
-  /// Which file is held open; throws as Open does.
+  /// Which file is open. Throws RunTimeError.
   FileIdentity Identity() const;
 
-  /// Reads up to count bytes at the offset; returns how many there were, fewer only at the end of the file.
-  /// Throws the platform's file error.
+  /// Reads up to count bytes at the offset and returns how many were read, fewer only at the end of the file.
+  /// Throws RunTimeError.
   std::size_t ReadAt(std::int64_t offset, void* bytes, std::size_t count) const;
 
  private:
@@ -45,7 +45,7 @@ class ViewFile {
 
 FileIdentity IdentityOf(const struct stat& status);
 
-/// The identity of what is at a path, links followed or not; nothing when there is nothing.
+/// The identity of the file at a path, links followed or not; nothing if there is no file.
 std::optional<FileIdentity> IdentityOf(const std::string& path, bool followLinks = true);
 
 }  // namespace bwp

@@ -9,14 +9,14 @@
 
 namespace bwp {
 
-/// What a search found and the page colours: `length` bytes from file offset `start`, none when length is 0.
+/// The search hit that the page colours: `length` bytes from file offset `start`, none when length is 0.
 struct SearchHit {
   std::int64_t start = 0;
   std::int64_t length = 0;
 };
 
-/// Everything that the program shows and works on. The main form owns the one instance; all else is handed a
-/// reference. Positions are zero-based byte offsets into the open file.
+/// Everything that the program shows and works on. The main form owns the one instance; everything else gets
+/// a reference. Positions are zero-based byte offsets into the open file.
 struct ViewState {
   std::string OpenFile;        ///< Path of the open file; empty when no file is open.
   std::int64_t FLen = 0;       ///< Its length when it was opened or last changed by the program.
@@ -26,20 +26,20 @@ struct ViewState {
   std::int64_t MarkEnd = 0;    ///< Last byte of the chunk; may lie past the end of the file.
   bool HexMode = true;         ///< Values and offsets in hexadecimal; else in decimal.
 
-  std::string BufferData;    ///< The Buffer, one character a byte.
-  bool BufferIsCut = false;  ///< The Buffer's bytes were cut: they may stand nowhere else.
+  std::string BufferData;    ///< The Buffer's bytes.
+  bool BufferIsCut = false;  ///< The Buffer's bytes were cut: they may exist nowhere else.
 
   bool AutoScroll = false;      ///< A scroll button, the thumb or a key is held: the refresh repeats.
   std::int32_t ScrollStep = 0;  ///< Bytes that each pass of a refresh adds to SWStart.
-  // Wide enough for a key that is held at the end of the file for days.
+  // Wide enough for a key that is held down for days at the end of the file.
   std::int64_t ScrollLimit = 0;  ///< Scrolled bytes that must be exceeded before the step doubles.
   std::int64_t ScrollCount = 0;  ///< Bytes scrolled since the refresh began.
   /// 0 to 4: how often a held scroll may double its step. Settings written by hand may hold another number;
-  /// it accelerates nothing and is written back until the menu chooses one.
+  /// it means no acceleration and is kept until the menu sets another.
   int AccelMode = 0;
 
-  bool FieldTyping = false;   ///< A box is being typed into or the page edited: the refresh keeps off.
-  bool EditMode = false;      ///< The page is edited in the grid: nothing moves it or shows it again.
+  bool FieldTyping = false;   ///< A box is being typed into or the page edited: no refresh.
+  bool EditMode = false;      ///< The page is edited in the grid: it is neither moved nor refreshed.
   bool NavKeyHeld = false;    ///< The last key pressed was one that moves the page.
   bool ForceRefresh = false;  ///< A search moved the page: refresh although FieldTyping is set.
 
@@ -47,11 +47,10 @@ struct ViewState {
 
   ViewFile file;      ///< The page display's handle on OpenFile.
   PageGrid tabe;      ///< What the grid shows.
-  ScrollThumb thumb;  ///< Where the scroll bar's thumb stands.
-  SearchHit hit;      ///< What the page colours as found.
+  ScrollThumb thumb;  ///< The place of the scroll bar's thumb.
+  SearchHit hit;      ///< The hit that the page colours.
 
-  std::uint64_t openings =
-      0;  ///< Grows whenever a file is opened or re-opened: what was found before is stale.
+  std::uint64_t openings = 0;  ///< Grows with every opening or re-opening: earlier search results are stale.
 };
 
 }  // namespace bwp

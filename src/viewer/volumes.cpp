@@ -12,14 +12,14 @@
 namespace bwp {
 namespace {
 
-// File systems that the kernel or a service makes up: nothing in them is a file to look into.
+// File systems that the kernel or a service generates: they hold no ordinary files.
 constexpr std::array<std::string_view, 25> kMadeUp = {
     "autofs",  "binfmt_misc", "bpf",        "cgroup",       "cgroup2",    "configfs",  "debugfs",
     "devpts",  "devtmpfs",    "efivarfs",   "fusectl",      "hugetlbfs",  "mqueue",    "nsfs",
     "proc",    "pstore",      "ramfs",      "rpc_pipefs",   "securityfs", "selinuxfs", "sysfs",
     "tracefs", "fuse.portal", "fuse.lxcfs", "fuse.snapfuse"};
 
-// Places where even a true file system serves the system alone.
+// Places where even an ordinary file system is only for the system's own use.
 constexpr std::array<std::string_view, 4> kSystemPlaces = {"/proc", "/sys", "/dev", "/snap"};
 
 struct Mount {
@@ -28,7 +28,7 @@ struct Mount {
   std::string type;
 };
 
-// Blanks and the like stand in the table as a backslash and three octal digits.
+// The table writes spaces and the like as a backslash and three octal digits.
 std::string Unescaped(const std::string& text) {
   const auto octal = [&text](std::size_t at) {
     return at < text.size() && text[at] >= '0' && text[at] <= '7';
@@ -71,8 +71,8 @@ bool HoldsFiles(const Mount& mount) {
   if (std::find(kMadeUp.begin(), kMadeUp.end(), mount.type) != kMadeUp.end()) return false;
   if (std::any_of(kSystemPlaces.begin(), kSystemPlaces.end(), holds)) return false;
   if (mount.type == "tmpfs" && LiesIn(mount.point, "/run")) return false;
-  // Only a part of a volume can be mounted over a single file. Whole ones are not looked at: a network volume
-  // whose server is away would keep the program waiting.
+  // Only a part of a volume can be mounted over a single file. Whole volumes need no check, which would block
+  // the program on a network volume whose server is down.
   return mount.root == "/" || IsFolder(mount.point);
 }
 
@@ -84,7 +84,7 @@ std::vector<std::string> VolumesIn(std::string_view mountInfo) {
   for (std::string line; std::getline(lines, line);) {
     Mount mount;
     if (!Read(line, mount) || mount.point == "/") continue;
-    // What is mounted later hides what was mounted there before.
+    // A later mount hides an earlier one at the same place.
     std::erase(volumes, mount.point);
     if (HoldsFiles(mount)) volumes.push_back(mount.point);
   }

@@ -7,15 +7,15 @@
 /// The mounted volumes, named by their mount points.
 namespace bwp {
 
-/// The mount points of the volumes that hold a person's files, sorted, from a text in the form of
+/// The mount points of the volumes that hold the user's files, sorted, from a text in the form of
 /// /proc/self/mountinfo: no kernel file systems, no single files mounted over others. The root is always
-/// there.
+/// included.
 std::vector<std::string> VolumesIn(std::string_view mountInfo);
 
-/// The volumes of this machine, now.
+/// The volumes that are mounted now.
 std::vector<std::string> Volumes();
 
-/// Which of the volumes holds the folder, links followed.
+/// The volume that holds the folder, links followed.
 std::string VolumeOf(const std::vector<std::string>& volumes, const std::string& folder);
 
 }  // namespace bwp

@@ -12,7 +12,7 @@ class MarkCellsTest : public bwp::test::ViewerTest {
  protected:
   MarkCellsTest() { OpenPattern(5000); }
 
-  // The colour that the byte's cells share; 0 when they are their own.
+  // The colour that the byte's cells share; 0 if they have their own colours.
   bwp::Colour MarkOf(int position) const {
     const bwp::Colour value = ValueColour(position);
     if (value == bwp::kValueColour && CharColour(position) == bwp::kCharColour) return 0;
@@ -118,7 +118,7 @@ TEST_F(MarkCellsTest, ClearingAHitGivesAMarkItsColourBack) {
   EXPECT_EQ(Marked(), 2);
 }
 
-// Whatever was moved and shown before: the page has the colours that its marks alone call for.
+// Whatever was moved and shown before, the page has only the colours of its marks.
 RC_GTEST_FIXTURE_PROP(MarkCellsTest, ThePageHasItsMarksColoursAndNoOthers, ()) {
   const auto offset = rc::gen::inRange<std::int64_t>(0, 1200);
   const auto rounds = *rc::gen::inRange(1, 30);

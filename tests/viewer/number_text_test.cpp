@@ -17,7 +17,7 @@ std::string decimalSeparator = ".";
 
 }  // namespace
 
-// Which locales a machine has is not ours to choose: this answers in their place.
+// Replaces the C library's function, because a machine may not have the locales that the tests need.
 extern "C" lconv* localeconv() noexcept {
   static lconv conventions = {};
   conventions.decimal_point = decimalSeparator.data();
@@ -314,7 +314,7 @@ RC_GTEST_PROP(StripEdgeJunk, LeavesNoJunkAtTheEndsOfALongerText, ()) {
   RC_ASSERT(StripEdgeJunk(kept) == kept);
 }
 
-// A count divided by a power of two is exact as a floating-point number; so is its rounding with the
+// A count divided by a power of two is exact as a floating-point number, and so is its rounding by the
 // processor's half-to-even rule.
 RC_GTEST_PROP(SizeText, RoundsAsTheProcessorDoes, ()) {
   const auto count = *rc::gen::inRange<std::int64_t>(1025, 1LL << 31);

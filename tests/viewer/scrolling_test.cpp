@@ -8,13 +8,13 @@
 #include "viewer/mark_cells.h"
 #include "viewer/viewer_fixture.h"
 
-// The stepping of a refresh: one step a call, and step after step while AutoScroll is set.
+// The stepping of a refresh: one step per call, and step after step while AutoScroll is set.
 
 namespace {
 
 class ScrollingTest : public bwp::test::ViewerTest {
  protected:
-  // Holds a scroll button until that many further pages were shown; gives the start of every page.
+  // Holds a scroll button until that many further pages were shown; returns the start of every page.
   std::vector<std::int64_t> Hold(std::int32_t step, int frames) {
     std::vector<std::int64_t> starts;
     state.AutoScroll = true;
@@ -160,7 +160,7 @@ TEST_F(ScrollingTest, AtTheEndOfTheFileTheDistanceGoesOnCounting) {
   EXPECT_EQ(state.ScrollStep, 32);
 }
 
-// The bound is compared with the sign: only a step down meets it.
+// The comparison with the bound is signed: it only affects steps down.
 TEST_F(ScrollingTest, AStepOfTheBoundIsNotDoubledDownButUp) {
   OpenPattern(600);
   state.AccelMode = 4;
@@ -183,7 +183,7 @@ TEST_F(ScrollingTest, ADragShowsThePagesThatTheHandChooses) {
   };
   Show();
   EXPECT_EQ(offsets, (std::vector<std::string>{"00000000", "00000064", "000000C8"}));
-  // Let go of the hand, and only then the texts follow.
+  // The texts are updated only when the scrolling ends.
   EXPECT_EQ(display.window.Dstart, "300");
 }
 
@@ -194,7 +194,7 @@ TEST_F(ScrollingTest, AHandlerMayRefreshWhileThePagesTurn) {
   int frames = 0;
   display.onFrame = [&] {
     if (++frames < 3) return;
-    // The button comes up: one more step, then rest.
+    // The button is released: one more step, then the scrolling ends.
     state.ScrollStep = 16;
     state.AutoScroll = false;
     Show();
@@ -239,7 +239,7 @@ TEST_F(ScrollingTest, AMarkLeavesNoColourBehindOnThePagesThatPass) {
   Show();
 }
 
-// The rule of the text above in another form: doubles, a fresh start per held button.
+// The doubling rule written a second way, with the state reset for every held button.
 RC_GTEST_FIXTURE_PROP(ScrollingTest, HoldingFollowsTheRuleOfDoubling, ()) {
   const auto length = *rc::gen::inRange<std::size_t>(0, 100'000);
   const auto step = *rc::gen::element<std::int32_t>(16, -16, 512, -512);

@@ -32,7 +32,7 @@ class ViewerTest : public testing::Test {
   }
 
   std::string Text(int row, int column) const { return std::string(state.tabe.Text(row, column)); }
-  /// The colours of the value and the character cell of a byte on the page; they are told apart in the tests.
+  /// The colours of the value and the character cell of a byte on the page.
   Colour ValueColour(int position) const {
     return state.tabe.Background(position / kBytesPerRow, position % kBytesPerRow + kFirstValueColumn);
   }

@@ -7,19 +7,19 @@
 
 namespace bwp {
 
-/// Where the cells of the page and of its ruler stand, in logical pixels. A cell includes the grid line at
+/// The positions of the cells of the page and its ruler, in logical pixels. A cell includes the grid lines at
 /// its right and its bottom.
 struct CellGeometry {
   explicit CellGeometry(const GlyphCache& glyphs);
 
-  std::array<int, kColumns + 1> left{};  ///< Left edge of every column; the last is the width of all.
+  std::array<int, kColumns + 1> left{};  ///< Left edge of every column; the last is the total width.
   int rowHeight;
   int baseline;  ///< From a row's top.
 
   int Left(int column) const { return left[static_cast<std::size_t>(column)]; }
   int Right(int column) const { return left[static_cast<std::size_t>(column) + 1]; }
   int Width(int column) const { return Right(column) - Left(column); }
-  /// Where a text that stands at the right of its column ends.
+  /// Where a right-aligned text in the column ends.
   int TextRight(int column) const { return Right(column) - kLine - kPadding; }
 
   static constexpr int kLine = 1;     ///< Thickness of a grid line.

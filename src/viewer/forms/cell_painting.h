@@ -8,13 +8,13 @@
 
 namespace bwp {
 
-/// The toolkit's colour of a blue-green-red number.
+/// The toolkit's colour for a blue-green-red number.
 QColor ToQColor(Colour colour);
 
-/// The grid lines of cells with given colours.
+/// The colour of the grid lines of byte cells.
 inline constexpr QColor kCellLineColour(200, 200, 200);
 
-/// A cell without its text: the ground and the grid line at the right and at the bottom.
+/// Paints a cell without its text: the background and the grid lines at the right and at the bottom.
 void PaintBlankCell(QPainter& painter, const QRect& cell, const QColor& ground, const QColor& line);
 
 }  // namespace bwp

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kBytes = 256;
 
-// The byte that a number cell's text stands for; nothing for any other text.
+// The byte that a number cell's text shows; nothing for any other text.
 std::optional<int> ByteOf(std::string_view text, int base) {
   int value = 0;
   const char* const end = text.data() + text.size();
@@ -26,7 +26,7 @@ std::optional<int> ByteOf(std::string_view text, int base) {
 }  // namespace
 
 void CellPictures::SetRatio(double ratio) {
-  // In between, the cells of a column are not all of one size in the device's pixels.
+  // At a fractional ratio the cells of a column do not all have the same size in device pixels.
   const int whole = static_cast<int>(ratio);
   const int usable = whole == ratio ? whole : 0;
   if (usable == ratio_) return;

@@ -11,12 +11,12 @@
 
 namespace bwp {
 
-/// Ready pictures of nearly all cells that a page can show: the bytes as hexadecimal pairs, as decimal
+/// Prepared pictures of nearly all cells that a page can show: the bytes as hexadecimal pairs, as decimal
 /// numbers and as characters, dark on the cell's own colour. Blitting one is several times cheaper than
 /// drawing its glyphs.
 class CellPictures {
  public:
-  /// A picture inside the image that holds all of its kind, in the device's pixels.
+  /// A picture inside the image that holds all of its kind, in device pixels.
   struct Picture {
     const QImage* image;
     QRect source;
@@ -25,13 +25,13 @@ class CellPictures {
   CellPictures(const GlyphCache& glyphs, const CellGeometry& geometry)
       : glyphs_(glyphs), geometry_(geometry) {}
 
-  /// Says at which device pixel ratio pictures are asked for; there are some at whole ones only.
+  /// Sets the device pixel ratio of the pictures; there are none at fractional ratios.
   void SetRatio(double ratio);
-  /// The ratio of the pictures, 0 where there are none.
+  /// The ratio of the pictures, 0 if there are none.
   int Ratio() const { return ratio_; }
 
-  /// The picture of a whole value or character cell that shows the text on its own colour; none for texts
-  /// that are no byte. All of a kind are made when the first one is asked for.
+  /// The picture of a whole value or character cell that shows the text on its own colour; none for a text
+  /// that is not a byte. All of a kind are made when the first one is needed.
   std::optional<Picture> Find(std::string_view text, bool character);
 
  private:

@@ -8,11 +8,11 @@ namespace bwp {
 
 DecimalBox::DecimalBox(const QString& name, const QString& accessibleName, QWidget* parent)
     : QLineEdit(parent) {
-  // The longest text that is ever shown, then room for the cursor and the frame.
+  // Room for the cursor and the frame beside the longest text that is ever shown.
   constexpr int kRoom = 16;
   Name(*this, name, accessibleName);
   setFont(CellFont());
-  // What is dropped here is a file for the window.
+  // A file that is dropped here is for the window to open.
   setAcceptDrops(false);
   setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("2.147.483.647")) + kRoom);
 }

@@ -13,8 +13,8 @@
 namespace bwp {
 
 /// What the file dialogs have in common: the lists above, rows of labelled fields below them, and the buttons
-/// at the right of these. A dialog adds its fields and buttons from top to bottom; the first button is the
-/// default one, and the button `Cancel` that ends the column only hides the dialog.
+/// to their right. A dialog adds its fields and buttons from top to bottom; the first button is the default
+/// one, and the button `Cancel` that ends the column only hides the dialog.
 class FileDialog : public QDialog {
  public:
   FileDialog(ViewState& state, Notices& notices, QWidget* parent,
@@ -22,8 +22,8 @@ class FileDialog : public QDialog {
 
   FileLists& Lists() { return lists_; }
 
-  /// Does what the dialog is for, to the open file or in its place. The main form sees to it that this
-  /// happens only while nothing else works on that file.
+  /// Runs the dialog's action, which works on the open file or replaces it. The main form runs it only while
+  /// nothing else works on that file.
   std::function<void(const std::function<void()>& action)> run = [](const std::function<void()>& action) {
     action();
   };
@@ -35,7 +35,7 @@ class FileDialog : public QDialog {
   QPushButton& AddButton(const QString& name, const QString& text);
   void AddCancel();
 
-  /// Points the lists at LastFolder and shows the dialog without waiting for it.
+  /// Points the lists at LastFolder and shows the dialog without waiting for an answer.
   void Present();
 
   void resizeEvent(QResizeEvent* event) override;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kSettleMilliseconds = 100;
 
-// The rows of the folder list: the way from the root, then what lies in the folder.
+// The rows of the folder list: the folders from the root to the one shown, then its subfolders.
 std::vector<std::string> FolderRows(const std::vector<std::string>& chain, const FolderListing& listing) {
   std::vector<std::string> rows;
   for (const std::string& folder : chain) {
@@ -28,7 +28,7 @@ std::vector<std::string> FolderRows(const std::vector<std::string>& chain, const
   return rows;
 }
 
-// A drive list that looks for volumes when it is opened: sticks come and go.
+// A drive list that looks for volumes whenever it is opened: USB sticks come and go.
 class DriveBox : public QComboBox {
  public:
   DriveBox(QWidget* parent, std::function<void()> beforePopup)
@@ -105,7 +105,7 @@ std::vector<int> FileLists::SelectedRows() const {
   return rows;
 }
 
-// The lists are looked after only while they are seen.
+// The lists follow the disk only while the dialog is shown.
 bool FileLists::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &dialog_) {
     if (event->type() == QEvent::Show) Watch();

@@ -34,10 +34,10 @@ class FileLists : public QObject {
   NameList& Files() { return *files_; }
 
   /// Reads the disk and points all three at LastFolder, or at the nearest folder above it that can be read,
-  /// which is LastFolder then. Call it before the dialog is shown.
+  /// which then becomes LastFolder. Call it before the dialog is shown.
   void ShowLastFolder();
-  /// Brings the lists level with the disk and with LastFolder. It runs by itself when the dialog is activated
-  /// or the folder changes.
+  /// Updates the lists from the disk and LastFolder. It is called when the dialog is activated or the folder
+  /// changes.
   void FollowDisk();
 
   /// The names in `Flist`, row by row, as the disk has them.
@@ -48,13 +48,13 @@ class FileLists : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
-  /// A file's name was clicked or reached by keys.
+  /// A file's name was clicked, or the keys selected or unselected it.
   void FilePicked(int row, const std::string& name);
   /// A file's name was double-clicked, or Enter was pressed on it.
   void FileChosen(const std::string& name);
-  /// The lists were filled anew for LastFolder; nothing is selected.
+  /// The lists were filled again for LastFolder; nothing is selected.
   void Filled();
-  /// Files appeared or vanished in the folder that is shown; rows may have moved.
+  /// Files appeared in the shown folder or disappeared from it; rows may have moved.
   void FilesChanged();
 
  private:
@@ -78,7 +78,7 @@ class FileLists : public QObject {
   std::vector<std::string> chain_;  ///< The folders from the root to the one shown, full paths.
   std::vector<std::string> volumes_;
   std::unique_ptr<FolderWatch> watch_;
-  QTimer settle_{this};  ///< Many changes at once are looked at once.
+  QTimer settle_{this};  ///< Combines many changes into one update.
 };
 
 }  // namespace bwp

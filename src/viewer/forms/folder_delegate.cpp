@@ -9,7 +9,7 @@ namespace bwp {
 namespace {
 
 constexpr int kIndentPixels = 8;
-constexpr int kDeepest = 10;  // Further down the names would have no room left.
+constexpr int kDeepest = 10;  // Indented further, names would have no room left.
 
 }  // namespace
 

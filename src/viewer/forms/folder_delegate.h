@@ -5,13 +5,13 @@
 
 namespace bwp {
 
-/// Draws the folder list: each folder of the way from the root a little further in, the subfolders below
-/// them, open folders telling the way from closed ones.
+/// Draws the folder list: each folder on the path from the root a little further in, with an open icon, then
+/// the subfolders, with closed ones.
 class FolderDelegate : public QStyledItemDelegate {
  public:
   explicit FolderDelegate(QWidget* list);
 
-  /// How many rows at the top are the way from the root.
+  /// How many rows at the top are the path from the root.
   void SetChain(int rows) { chain_ = rows; }
 
  protected:

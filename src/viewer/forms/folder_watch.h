@@ -9,14 +9,14 @@
 
 namespace bwp {
 
-/// Tells when names come to a folder or go from it. Unlike the toolkit's watcher it takes any path, also one
-/// that is no text. A folder that cannot be watched is silently not watched.
+/// Reports when names appear in a folder or disappear from it. Unlike the toolkit's watcher it takes any
+/// path, even one that is not valid UTF-8. A folder that cannot be watched is silently not watched.
 class FolderWatch : public QObject {
  public:
   FolderWatch(const std::string& folder, std::function<void()> onChange, QObject* parent = nullptr);
 
  private:
-  /// Takes the events that wait; what they say does not matter.
+  /// Discards the pending events; what they say does not matter.
   void Drain() const;
 
   Descriptor descriptor_;

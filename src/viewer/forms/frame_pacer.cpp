@@ -35,7 +35,7 @@ void FramePacer::ShowFrame(QWidget& page) {
     wake_.start(static_cast<int>(milliseconds));
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
-  // A frame that comes a little late keeps the rhythm; one that comes later, as after a pause, begins it.
+  // A frame that is a little late keeps the rhythm; a later one, as after a pause, starts a new one.
   const qint64 now = clock_.nsecsElapsed();
   const qint64 frame = FrameTime(page);
   nextFrame_ = (now - nextFrame_ < frame ? nextFrame_ : now) + frame;

@@ -7,13 +7,13 @@ class QWidget;
 
 namespace bwp {
 
-/// Lets a repeated scroll show every page it passes, no faster than the screen can: a held key then feels the
-/// same on every machine and costs little of it.
+/// Makes a repeated scroll show every page it passes, no faster than the screen can: a held key then scrolls
+/// alike on every machine and takes little processor time.
 class FramePacer {
  public:
   FramePacer();
 
-  /// Paints what the widget shows now and handles events until the screen can show the next picture.
+  /// Paints what the widget shows now and handles events until the screen can show the next frame.
   void ShowFrame(QWidget& page);
 
  private:

@@ -8,7 +8,7 @@
 namespace bwp {
 namespace {
 
-// Control characters have no look of their own, and blanks none at all.
+// Control characters have no glyph of their own, and spaces draw nothing.
 bool LeavesNoTrace(char16_t character) {
   return character <= u' ' || (character >= 0x7F && character <= 0xA0) || character == 0xAD;
 }
@@ -32,7 +32,7 @@ QFont FixedFontFitting(int characters, int pixels) {
   constexpr double kSmallest = 5;
   constexpr double kStep = 0.5;
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  // One byte is one glyph of this font: no other font is asked, and nothing is to be shaped.
+  // One byte is one glyph of this font: no fallback fonts and no shaping.
   font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::NoFontMerging | QFont::PreferNoShaping));
   double size = font.pointSizeF();
   while (size > kSmallest && QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) * characters > pixels) {

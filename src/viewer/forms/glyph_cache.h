@@ -8,8 +8,8 @@
 
 namespace bwp {
 
-/// The glyphs of a fixed-pitch font for the 256 bytes, looked up once: to draw a page is then to place
-/// numbers. The toolkit keeps the pictures of the glyphs for every device pixel ratio it draws at.
+/// The glyphs of a fixed-pitch font for the 256 bytes, looked up once, so that drawing a page only has to
+/// place them. The toolkit caches their pictures for every device pixel ratio it draws at.
 class GlyphCache {
  public:
   explicit GlyphCache(const QFont& font);
@@ -20,7 +20,7 @@ class GlyphCache {
   double Ascent() const { return font_.ascent(); }
   double Descent() const { return font_.descent(); }
 
-  /// The glyph of the byte's character; kNothing for a character that leaves no trace.
+  /// The glyph of the byte's character; kNothing for a character that draws nothing.
   std::uint32_t Glyph(std::uint8_t byte) const { return glyphs_[byte]; }
   static constexpr std::uint32_t kNothing = 0xFFFFFFFF;
 

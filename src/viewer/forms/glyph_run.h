@@ -9,13 +9,13 @@
 
 namespace bwp {
 
-/// Texts of one colour that are drawn in one go. It keeps its buffers, so that the next page costs no
+/// Texts of one colour that are drawn in one call. It keeps its buffers, so that the next page needs no
 /// allocation.
 class GlyphRun {
  public:
   explicit GlyphRun(const GlyphCache& glyphs) : glyphs_(glyphs) {}
 
-  /// Places a text so that it ends at `right` and stands on `baseline`, in logical pixels.
+  /// Adds a text that ends at `right` on the given baseline, in logical pixels.
   void Add(std::string_view text, int right, int baseline);
 
   /// Draws all texts and forgets them.

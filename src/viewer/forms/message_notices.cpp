@@ -22,7 +22,7 @@ QMessageBox::Icon IconOf(Notices::Icon icon) {
   return QMessageBox::NoIcon;
 }
 
-// A box keeps its window's text to itself: a path that looks like rich text stays the path that it is.
+// Plain text, because a path may look like rich text.
 void Fill(QMessageBox& box, const std::string& title, const std::string& text, QMessageBox::Icon icon) {
   box.setTextFormat(Qt::PlainText);
   box.setWindowTitle(title.empty() ? QStringLiteral("Bytewarp") : FromPath(title));

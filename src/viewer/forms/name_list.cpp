@@ -18,9 +18,9 @@ NameList::NameList(QWidget* parent) : QListView(parent) {
 
 void NameList::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  // The release of an earlier press may never have come: the window was hidden, a menu took it.
+  // An earlier press may have had no release: the window was hidden, or a menu took it.
   pressed_ = QModelIndex();
-  // A press beside the rows would give up a multiple selection without a row to report.
+  // A press outside the rows would clear a multiple selection without a row to report.
   if (!indexAt(event->position().toPoint()).isValid()) return;
   QListView::mousePressEvent(event);
   pressed_ = currentIndex();
@@ -59,7 +59,7 @@ void NameList::keyPressEvent(QKeyEvent* event) {
   const QItemSelection selected = selectionModel()->selection();
   const bool arrow = (key == Qt::Key_Down || key == Qt::Key_Up) && event->modifiers() != Qt::ControlModifier;
   if (arrow && selected.isEmpty() && current.isValid()) {
-    // A list that got the focus stands on its first row without having selected it; the first key does.
+    // A list that gets the focus makes its first row current without selecting it; the first key selects it.
     selectionModel()->select(current, QItemSelectionModel::Select);
   } else {
     QListView::keyPressEvent(event);

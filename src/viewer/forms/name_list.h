@@ -5,8 +5,8 @@
 
 namespace bwp {
 
-/// A list of names that reports which row a person picked, by mouse or by keys alike. Dragging selects
-/// nothing, and neither do the other mouse buttons. Rows may come and go while the button is down.
+/// A list of names that reports which row the user picked, by mouse or by keys. Dragging selects nothing, and
+/// neither do the other mouse buttons. Rows may be added and removed while the button is down.
 class NameList : public QListView {
   Q_OBJECT
 

@@ -16,7 +16,7 @@ void NameModel::SetNames(std::vector<std::string> names) {
 }
 
 // At every step the rows are those of names_ and, below them, those of rest_: a row that stays moves from the
-// front of the one to the end of the other, which changes nothing for anybody who looks.
+// front of rest_ to the end of names_, which views do not notice.
 void NameModel::UpdateNames(const std::vector<std::string>& names, int first) {
   const auto start = names_.begin() + first;
   rest_.assign(std::make_move_iterator(start), std::make_move_iterator(names_.end()));

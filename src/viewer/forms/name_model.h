@@ -8,8 +8,8 @@
 
 namespace bwp {
 
-/// Names of files or folders as the rows of a list. The bytes of a name are kept; a row's text is what of
-/// them can be shown.
+/// Names of files or folders as the rows of a list. The bytes of a name are kept; a row's text is a
+/// displayable form of them.
 class NameModel : public QAbstractListModel {
   Q_OBJECT
 
@@ -17,11 +17,11 @@ class NameModel : public QAbstractListModel {
   using QAbstractListModel::QAbstractListModel;
 
   const std::vector<std::string>& Names() const { return names_; }
-  /// Shows other names.
+  /// Replaces all names.
   void SetNames(std::vector<std::string> names);
-  /// Turns the names into the given ones, adding and removing rows, so that selections of rows that stay
-  /// hold. The rows from `first` on must be in the order of NameLess before and after; those above stay as
-  /// they are. Takes one walk through the names however many come and go.
+  /// Turns the names into the given ones, adding and removing rows, so that rows that stay keep their
+  /// selection. The rows from `first` on must be in the order of NameLess before and after; those above stay
+  /// as they are. Makes one pass through the names however many change.
   void UpdateNames(const std::vector<std::string>& names, int first = 0);
 
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -29,7 +29,7 @@ OffsetBox::OffsetBox(const QString& name, const QString& accessibleName, QWidget
   setAcceptRichText(false);
   setUndoRedoEnabled(false);
   setTabChangesFocus(true);
-  // What is dropped here is a file for the window.
+  // A file that is dropped here is for the window to open.
   setAcceptDrops(false);
   setLineWrapMode(NoWrap);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -68,7 +68,7 @@ void OffsetBox::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// One line has nowhere to scroll to.
+// A single line does not scroll.
 void OffsetBox::wheelEvent(QWheelEvent* event) {
   event->ignore();
 }

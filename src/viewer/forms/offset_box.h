@@ -6,8 +6,8 @@
 
 namespace bwp {
 
-/// A one-line box for a hexadecimal offset, whose pairs of digits are told apart by their boldness. Enter and
-/// Escape type nothing: they are for the event filters of the box.
+/// A one-line box for a hexadecimal offset, with its pairs of digits plain and bold in turn. Enter and Escape
+/// are left to the event filters of the box.
 class OffsetBox : public QTextEdit {
   Q_OBJECT
  public:

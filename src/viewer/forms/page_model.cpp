@@ -44,7 +44,7 @@ QVariant PageModel::headerData(int section, Qt::Orientation orientation, int rol
   return FromCodePage(RulerLabel(section, hex_));
 }
 
-// The offsets are fixed: neither keys nor the mouse make them current.
+// The offsets cannot become the current cell, neither by keys nor by the mouse.
 Qt::ItemFlags PageModel::flags(const QModelIndex& index) const {
   if (!index.isValid() || index.column() == kOffsetColumn) return Qt::ItemNeverHasChildren;
   return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
@@ -60,7 +60,7 @@ void PageModel::PageChanged() {
   Q_EMIT dataChanged(index(0, 0), index(kRows - 1, kColumns - 1));
 }
 
-// A byte alone says little to somebody who does not see where it stands.
+// A screen reader's user needs the byte's place along with its value.
 QString PageModel::AccessibleText(int row, int column) const {
   const QString text = FromCodePage(grid_.Text(row, column));
   if (column == kOffsetColumn) return QStringLiteral("Offset %1").arg(text);

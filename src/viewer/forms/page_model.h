@@ -7,7 +7,7 @@
 namespace bwp {
 
 /// The page as the toolkit's views and screen readers see it: 32 rows of offset, 16 numbers and 16
-/// characters. It holds nothing of its own; whoever wrote to the grid says so with PageChanged.
+/// characters. It holds no data of its own; the caller reports changes of the grid with PageChanged.
 class PageModel : public QAbstractTableModel {
   Q_OBJECT
  public:
@@ -19,10 +19,10 @@ class PageModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-  /// Whether the columns are counted as the ruler counts them in hexadecimal display.
+  /// Whether the columns are numbered in hexadecimal, as the ruler shows them.
   void SetHex(bool hex);
 
-  /// One notice for the whole page.
+  /// Reports a change of the whole page.
   void PageChanged();
 
  private:

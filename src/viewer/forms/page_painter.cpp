@@ -5,15 +5,15 @@
 namespace bwp {
 namespace {
 
-// Pictures pay off for who turns pages; the first pages come sooner, and take less memory, without them.
+// Pictures pay off only over many pages; the first pages are faster, and take less memory, without them.
 constexpr int kPagesWithoutPictures = 3;
 
 QColor ThemeColour(const QPalette& palette, QPalette::ColorRole role) {
   return palette.color(QPalette::Active, role);  // also while the grid is disabled
 }
 
-// Device pixels for a logical one; asked of the transformation, because a painter may have been redirected to
-// a device with another ratio than the widget's. 0 where it is more than a scaling.
+// Device pixels per logical pixel, from the transformation, because a painter may have been redirected to a
+// device with another ratio than the widget's. 0 if it is not a uniform scaling.
 double RatioOf(const QPainter& painter) {
   const QTransform transform = painter.deviceTransform();
   return transform.type() <= QTransform::TxScale && transform.m11() == transform.m22() ? transform.m11() : 0;
@@ -60,7 +60,7 @@ QRect PagePainter::PlaceOf(GridCell cell) const {
 
 void PagePainter::BlitPictures(QPainter& painter, const PageGrid& grid) {
   const int ratio = pictures_.Ratio();
-  // In the device's own pixels: the toolkit would scale a part of an image, even by one to one.
+  // In device pixels: otherwise the toolkit would scale a part of an image, even one to one.
   painter.save();
   if (ratio > 0) painter.scale(1.0 / ratio, 1.0 / ratio);
   for (int row = 0; row < kRows; ++row) {

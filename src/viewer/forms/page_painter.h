@@ -14,8 +14,8 @@
 
 namespace bwp {
 
-/// Draws the page and the ruler cell by cell: as ready pictures where there are any, else the ground, the
-/// grid lines and, all in one go, the glyphs.
+/// Draws the page and the ruler cell by cell: as pictures where there are any, else the background, the grid
+/// lines and, all in one call, the glyphs.
 class PagePainter {
  public:
   PagePainter();
@@ -24,7 +24,7 @@ class PagePainter {
 
   const CellGeometry& Geometry() const { return geometry_; }
 
-  /// Draws all rows of the page at the painter's origin. Given colours keep dark text in every theme; the
+  /// Draws all rows of the page at the painter's origin. Byte cells have dark text in every theme; the
   /// offsets and the cells that hold nothing follow the palette.
   void PaintPage(QPainter& painter, const PageGrid& grid, const QPalette& palette);
 

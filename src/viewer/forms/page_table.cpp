@@ -63,7 +63,7 @@ void PageTable::PaintCurrentCell(QPainter& painter) {
 void LayOutLikePage(QTableView& view, QAbstractItemModel& model, const CellGeometry& geometry, int rows) {
   QHeaderView& across = *view.horizontalHeader();
   QHeaderView& down = *view.verticalHeader();
-  // Hidden before there is a model: a header that is shown looks up the bold font to measure its sections.
+  // Hidden before the model is set: a visible header looks up the bold font to measure its sections.
   across.hide();
   down.hide();
   view.setModel(&model);

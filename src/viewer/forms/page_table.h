@@ -10,15 +10,15 @@
 namespace bwp {
 
 /// The grid `tabe`: shows a page and, while it is enabled, has a current cell. Disabled, as it is outside
-/// edit mode, it looks the same and leaves the mouse to the form behind it.
+/// edit mode, it looks the same and leaves the mouse to the form that it is on.
 class PageTable : public QTableView {
   Q_OBJECT
  public:
   explicit PageTable(const PageGrid& grid, QWidget* parent = nullptr);
 
-  /// Shows what stands in the grid now.
+  /// Shows the grid's current content.
   void ShowPage();
-  /// Names the columns for who cannot see the ruler, in its numbers.
+  /// Names the columns for screen readers, with the ruler's numbers.
   void NameColumns(bool hex);
 
   /// The cell under a place on the screen (global position); none outside the cells.
@@ -41,8 +41,8 @@ class PageTable : public QTableView {
   PageModel model_;
 };
 
-/// Gives a view its model and the columns of the page and rows of its height, no headers and no scroll bars,
-/// and makes it just large enough for that many rows.
+/// Gives a view the model, the page's column widths and row height, no headers and no scroll bars, and makes
+/// it just large enough for that many rows.
 void LayOutLikePage(QTableView& view, QAbstractItemModel& model, const CellGeometry& geometry, int rows);
 
 }  // namespace bwp

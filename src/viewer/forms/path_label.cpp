@@ -41,7 +41,7 @@ QSize PathLabel::minimumSizeHint() const {
 bool PathLabel::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QLabel::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  // As rich text with the text escaped: a tooltip breaks lines of no other kind.
+  // As escaped rich text: a tooltip breaks lines only in rich text.
   QToolTip::showText(help->globalPos(), QStringLiteral("<p>%1</p>").arg(text().toHtmlEscaped()), this);
   return true;
 }
@@ -56,7 +56,7 @@ void PathLabel::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-// A line break of the text's own stands; each paragraph leaves those after it a line at the least.
+// Line breaks in the text are kept; each paragraph leaves at least one line for each of those after it.
 QStringList PathLabel::LinesAt(int width) const {
   const QStringList paragraphs = text().split(QLatin1Char('\n'));
   QStringList lines;

@@ -16,8 +16,8 @@ Anchor AnchorOf(const ControlAnchor& anchor) {
   return {};
 }
 
-// Until the window manager has framed the form, the frame's size means nothing; it is never smaller than what
-// it frames.
+// Until the window manager has framed the form, the frame's size is not valid; it is never smaller than the
+// form.
 FormSize SizeOf(const QWidget& form) {
   const QSize outer = form.frameGeometry().size().expandedTo(form.size());
   return {ToUnits(form.width()), ToUnits(form.height()), ToUnits(outer.width()), ToUnits(outer.height())};

@@ -7,7 +7,8 @@
 
 namespace bwp {
 
-/// What PlaceControl places a control by: nothing, another control of the form, or a percentage of the form.
+/// What PlaceControl places a control relative to: nothing, another control of the form, or a percentage of
+/// the form.
 using ControlAnchor = std::variant<std::monostate, const QWidget*, double>;
 
 /// As the Anchors of viewer/placement.h.

@@ -81,11 +81,11 @@ bool PositionPanel::eventFilter(QObject* watched, QEvent* event) {
   return event->type() == QEvent::KeyPress && KeyPressed(watched, static_cast<const QKeyEvent&>(*event));
 }
 
-// True when the box is not to see the key.
+// True if the box must not get the key.
 bool PositionPanel::KeyPressed(const QObject* box, const QKeyEvent& key) {
   const BoxKey kind = BoxKeyOf(key);
   if (kind == BoxKey::kTab || kind == BoxKey::kHeld) return kind == BoxKey::kHeld;
-  // The hexadecimal boxes take every key for typing, the decimal ones those that stand for a character.
+  // In the hexadecimal boxes every key counts as typing, in the decimal ones those that produce a character.
   if (IsHexBox(box) || IsCharacterKey(key)) state_.FieldTyping = true;
   if (kind == BoxKey::kEnter) Commit(box);
   if (kind == BoxKey::kEscape && box != HStart_) AbandonTyping(state_, display_);

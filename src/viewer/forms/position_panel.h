@@ -13,8 +13,8 @@ namespace bwp {
 class DecimalBox;
 class OffsetBox;
 
-/// Where the Show Window starts and ends, in both bases, to read and to type, and the base in which the page
-/// is shown.
+/// Boxes that show and take the Show Window's start and end in both bases, and the choice of the base in
+/// which the page is shown.
 class PositionPanel : public QGroupBox {
   Q_OBJECT
  public:
@@ -24,7 +24,7 @@ class PositionPanel : public QGroupBox {
   /// Checks the option button of the view state's base.
   void ShowBase();
 
-  /// The boxes' events pass through here before the boxes see them.
+  /// Gets the boxes' events before the boxes do.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

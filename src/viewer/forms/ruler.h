@@ -7,7 +7,7 @@
 
 namespace bwp {
 
-/// The labels of the page's columns: "Offset", then 0 to 15 twice over.
+/// The labels of the page's columns: "Offset", then 0 to 15 twice.
 class RulerModel : public QAbstractTableModel {
   Q_OBJECT
  public:
@@ -18,7 +18,7 @@ class RulerModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
   bool Hex() const { return hex_; }
-  /// Says so only when the labels change.
+  /// Reports a change only if the labels change.
   void SetHex(bool hex);
 
  private:

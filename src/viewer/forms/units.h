@@ -4,7 +4,7 @@
 
 namespace bwp {
 
-/// Lengths in forms were given in units of 1/15 of a logical pixel; this is where they become pixels.
+/// Lengths in forms are given in units of 1/15 of a logical pixel; these functions convert them.
 inline constexpr double kUnitsPerPixel = 15;
 
 inline int ToPixels(double units) {

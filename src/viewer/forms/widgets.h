@@ -6,8 +6,8 @@ class QWidget;
 
 namespace bwp {
 
-/// Gives a control its object name, the name that a screen reader says and, where there is one, its tooltip.
-/// A label or anything else that shows a text gets no spoken name: it would be heard in place of the text.
+/// Gives a control its object name, the name that a screen reader speaks and, if given, its tooltip. A label
+/// or anything else that shows a text gets no spoken name, which would replace the text.
 void Name(QWidget& widget, const QString& name, const QString& spoken, const QString& tip = {});
 
 /// Shows a window, in front of the others and with the focus.

@@ -224,7 +224,7 @@ TEST_F(FileListsTest, AFolderThatVanishesGivesWayToTheOneAbove) {
 
 TEST_F(FileListsTest, ASubfolderThatCannotBeReadIsToldAndNotEntered) {
   Show();
-  dialog_.hide();  // Nothing is followed now.
+  dialog_.hide();  // The disk is not followed now.
   fs::remove_all(Top() + "inner");
   DoubleClickRow(lists_->Folders(), "inner");
   EXPECT_THAT(told_, ElementsAre("tell [Error !] Folder cannot be read (x)"));

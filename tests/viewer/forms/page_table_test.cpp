@@ -29,7 +29,7 @@ QVariant Data(const PageTable& table, int row, int column, int role = Qt::Displa
   return table.model()->index(row, column).data(role);
 }
 
-// A window that notes which mouse events reach it.
+// A window that records which mouse events reach it.
 class Form : public QWidget {
  public:
   int presses = 0;
@@ -287,7 +287,7 @@ QImage PictureAt(PageTable& table, double ratio) {
   return picture;
 }
 
-// After some pages the painter takes ready pictures of cells; nobody may see when.
+// After some pages the painter uses prepared pictures of cells; the page must look the same.
 void EveryPageLooksTheSame(bool hex, double ratio) {
   bwp::PageGrid grid;
   for (int row = 0; row < 29; ++row) grid.SetText(row, 0, "0000ABC0");

@@ -14,7 +14,7 @@ int Lines(const QString& text, int most) {
   return label.heightForWidth(200) / label.fontMetrics().lineSpacing();
 }
 
-// Whether anything is drawn in the line of that number.
+// Whether anything is drawn in that line.
 bool HasInk(PathLabel& label, int line) {
   const QImage image = label.grab().toImage();
   const int height = label.fontMetrics().lineSpacing();

@@ -42,7 +42,7 @@ class PositionPanelTest : public testing::Test {
     QTest::keyClick(box, last);
   }
 
-  // Whether a page was drawn since the last look.
+  // Whether a page was drawn since the last call.
   bool Refreshed() {
     const bool title = std::find(transcript.begin(), transcript.end(), "title") != transcript.end();
     transcript.clear();
