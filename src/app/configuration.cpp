@@ -17,10 +17,10 @@
 namespace bwp {
 namespace {
 
-// A path has at most PATH_MAX bytes; a file far longer than that is none of ours.
+// A path has at most PATH_MAX bytes; a file far longer than that is not a configuration.
 constexpr std::size_t kMaxLength = std::size_t{4} * PATH_MAX;
 
-// Cuts the text up to the next comma off; there must be one.
+// Removes and returns the text up to the next comma; there must be one.
 std::string_view TakeField(std::string_view& text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string_view::npos) throw MakeRunTimeError(kInputPastEnd);
@@ -54,13 +54,13 @@ std::string ReadText(std::string_view field) {
   return std::string(field.substr(1, last - 1));
 }
 
-// A folder that takes no new file may well hold one that can be written.
+// A folder that accepts no new files may still hold one that can be written.
 bool FolderIsClosed(int error) {
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
-// A new file beside the target that nobody else has and no link leads away from. Less than zero where there
-// can be none, and errno says why.
+// Creates a file beside the target, exclusively and without following a link. Negative on failure, with errno
+// set.
 int OpenStaged(const Disk& disk, const std::string& staged) {
   constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
   constexpr mode_t kMode = 0666;
@@ -121,7 +121,7 @@ Configuration LoadConfiguration(const std::string& path) {
 }
 
 void SaveConfiguration(const Disk& disk, const std::string& path, const Configuration& configuration) {
-  // Where a link leads, so that it stays a link.
+  // The target of a link is replaced, so that the link itself stays.
   const std::string target = funzioni::ResolvedPath(path).value_or(path);
   const std::string staged =
       funzioni::FolderOf(target) + "." + funzioni::NameOf(target) + "." + std::to_string(getpid());
@@ -137,7 +137,7 @@ void SaveConfiguration(const Disk& disk, const std::string& path, const Configur
       throw RunTimeErrorFromErrno(failure, target);
     }
   } catch (RunTimeError& error) {
-    // The staged file's name means nothing to anybody.
+    // The staged file's name means nothing to the user.
     error.path = path;
     throw;
   }

@@ -16,7 +16,7 @@ int ReleaseReadOnly(dl_phdr_info* library, std::size_t /*size*/, void* /*data*/)
     if (segment.p_type != PT_LOAD || segment.p_flags != PF_R) continue;
     const std::uintptr_t start = (library->dlpi_addr + segment.p_vaddr) / page * page;
     const std::uintptr_t end = library->dlpi_addr + segment.p_vaddr + segment.p_filesz;
-    // Whether the system follows the advice changes nothing but the memory taken.
+    // If the system does not follow the advice, only more memory is taken.
     static_cast<void>(madvise(reinterpret_cast<void*>(start), end - start, MADV_DONTNEED));
   }
   return 0;

@@ -21,7 +21,7 @@ constexpr const char* kHelp =
     "\n"
     "Settings are kept in Bytewarp.cfg in the folder that is current when the program starts.\n";
 
-// Answers what is asked before any window is needed; true when that was all.
+// Answers the options that need no window; true if there was one.
 bool Answered(const std::vector<std::string>& arguments) {
   if (arguments.size() != 1) return false;
   if (arguments.front() == "--help") std::fputs(kHelp, stdout);
@@ -35,10 +35,10 @@ int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   if (Answered(arguments)) return 0;
 
-  // A file that grows past the system's limit is a full disk to us, not the end of the process.
+  // A file that grows past the system's limit is reported as a full disk instead of ending the process.
   std::signal(SIGXFSZ, SIG_IGN);
 
-  // The toolkit would take options of its own out of the arguments; here they all name the file.
+  // Keeps the toolkit from taking its own options out of the arguments: they all name the file.
   int argumentsForToolkit = 1;
   bwp::Application application(argumentsForToolkit, argv);
   std::unique_ptr<bwp::MainForm> form;

@@ -8,17 +8,17 @@
 
 namespace bwp {
 
-/// The folder that is current now, with a separator at its end: where the configuration file lives. The
-/// configuration follows the working directory, not the program's file. Throws the platform's file error.
+/// The current folder, with a separator at its end. The configuration file is kept there, not beside the
+/// program's file. Throws RunTimeError.
 std::string CurrentFolder();
 
-/// The arguments after the program's name as one command-line text: joined by spaces.
+/// The arguments after the program's name, joined by spaces.
 std::string CommandLineText(const std::vector<std::string>& arguments);
 
-/// Puts what was remembered into the view state.
+/// Copies the remembered settings into the view state.
 void ApplyConfiguration(const Configuration& configuration, ViewState& state);
 
-/// What is to be remembered of the view state.
+/// The settings of the view state to remember.
 Configuration ConfigurationOf(const ViewState& state);
 
 }  // namespace bwp

@@ -133,7 +133,7 @@ TEST(Configuration, SavingReplacesWhatAKilledRunLeft) {
   EXPECT_EQ(folder.Names(), std::vector<std::string>{"Bytewarp.cfg"});
 }
 
-// A folder that takes no new files.
+// A folder that accepts no new files.
 class ClosedFolder : public bwp::Disk {
  public:
   int Open(const std::string& path, int flags, mode_t mode) const override {
@@ -207,7 +207,7 @@ TEST(Configuration, ASaveThatFailsLeavesTheOldFileWholeAndNothingBesideIt) {
   }
 }
 
-// A disk that takes one byte at a time and notes in which order it was asked to make things last.
+// A disk that writes one byte at a time and records the order of Sync and Rename.
 class SlowDisk : public bwp::Disk {
  public:
   ssize_t Write(int descriptor, const void* bytes, std::size_t /*count*/) const override {

@@ -26,7 +26,7 @@ std::string_view ReadOnlyData() {
   return data;
 }
 
-// The KiB of memory that the process has of the mapping which begins there.
+// The resident KiB of the mapping that begins at that address.
 long ResidentAt(const char* start) {
   char address[32];
   std::snprintf(address, sizeof address, "%lx-", reinterpret_cast<unsigned long>(start));
@@ -45,7 +45,7 @@ TEST(LinkerPages, AreGivenBackAndReadTheSameAfterwards) {
   const std::string before(data);
   const long resident = ResidentAt(data.data());
   bwp::ReleaseLinkerPages();
-  // The look itself brings some back.
+  // Not zero: reading smaps brings some pages back.
   EXPECT_LT(ResidentAt(data.data()), resident / 2);
   EXPECT_TRUE(data == before);
 }

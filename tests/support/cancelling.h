@@ -8,15 +8,14 @@
 
 namespace bwp::test {
 
-/// An operation that is cancelled at every moment, each time at a new place. All but Make are handed the
-/// place.
+/// An operation to cancel at every moment, each time in a new Place, which all functions but `make` get.
 template <typename Place>
 struct Cancelling {
   std::function<std::unique_ptr<Place>()> make;
   std::function<void(Place&)> run;
-  /// Checks what Cancel left, given what was seen of the operation.
+  /// Checks the state after Cancel, given what the operation showed.
   std::function<void(Place&, const Transcript&)> expectCancelled;
-  /// Checks what the operation does when it runs through.
+  /// Checks the result of an operation that is not cancelled.
   std::function<void(Place&)> expectDone;
 };
 
@@ -41,7 +40,7 @@ int CancelInEveryRound(const Cancelling<Place>& operation) {
   }
 }
 
-/// The last lines of what was seen.
+/// The last lines of what was shown.
 inline Transcript EndOf(const Transcript& story, std::ptrdiff_t lines) {
   return {story.end() - std::min<std::ptrdiff_t>(lines, std::ssize(story)), story.end()};
 }

@@ -28,7 +28,7 @@ void WriteText(const std::string& path, const std::string& text) {
   Require(written == static_cast<ssize_t>(text.size()), path);
 }
 
-// An ordinary user may mount only where a user namespace makes him the administrator.
+// An ordinary user may mount only in a user namespace that makes it the administrator.
 void EnterOwnMounts() {
   const uid_t user = geteuid();
   const gid_t group = getegid();
@@ -54,7 +54,7 @@ pid_t StartChild(const std::function<void()>& work) {
   } catch (const std::exception& error) {
     ADD_FAILURE() << error.what();
   } catch (...) {
-    // Whatever it is, the child must not go on with the tests that are the parent's to run.
+    // The child must never go on to run the parent's tests.
     ADD_FAILURE() << "an unknown exception";
   }
   _exit(testing::Test::HasFailure() ? 1 : 0);

@@ -42,7 +42,7 @@ bool FailingDisk::Fails(const std::string& call) const {
   return fault_ != Fault::kShortWrite;
 }
 
-// A short write moves a part and says so; the part of a single byte is none.
+// A short write writes half of the bytes; a single byte is written as it is.
 std::size_t FailingDisk::Allowed(const std::string& call, std::size_t count) const {
   if (Fails(call)) return 0;
   return failed_ == call && calls_ == failAt_ && count > 1 ? count / 2 : count;
@@ -76,7 +76,7 @@ int FailingDisk::Sync(int /*descriptor*/) const {
   return Fails("sync") ? -1 : 0;
 }
 
-// A close that fails has closed all the same.
+// A close that fails closes the descriptor nevertheless.
 int FailingDisk::Close(int descriptor) const {
   const int result = Disk::Close(descriptor);
   return Fails("close") ? -1 : result;

@@ -8,18 +8,18 @@
 
 namespace bwp::test {
 
-/// How a call goes wrong.
+/// How a call fails.
 enum class Fault { kNoSpace, kDeviceError, kShortWrite, kInterrupted, kNoPermission };
 
 const char* NameOf(Fault fault);
 
-/// The real disk, but for one call, and that nothing waits for its platters.
+/// The real disk, except that one call fails and that Sync does nothing.
 class FailingDisk : public Disk {
  public:
-  /// Makes the call of that number (1 is the first) fail; 0 lets all through. Only a call that writes can be
-  /// cut short; of the others that fault makes none fail.
+  /// Makes the call of that number (1 is the first) fail; 0 lets all succeed. Only a call that writes can be
+  /// cut short; kShortWrite makes no other call fail.
   void FailAt(int number, Fault fault);
-  /// The name of the call that failed, and what it was about where that is a path; empty until then.
+  /// The name of the call that failed, followed by its path if it has one; empty until then.
   const std::string& Failed() const { return failed_; }
 
   int Open(const std::string& path, int flags, mode_t mode) const override;

@@ -10,7 +10,7 @@
 
 namespace bwp::test {
 
-/// Stands in for `TimVSCR`: says whether the wait is on, and counts how often it began.
+/// Replaces `TimVSCR`: records whether the timer is enabled and how often it was started.
 struct RecordedTimer : HoldTimer {
   void Enable() override {
     if (!enabled) ++starts;
@@ -22,8 +22,8 @@ struct RecordedTimer : HoldTimer {
   int starts = 0;
 };
 
-/// A file of the given length (PatternBytes) open in a view state with a track of 6000 units, and the
-/// recorders that a person is replaced by.
+/// A file of the given length (PatternBytes) open in a view state with a track of 6000 units, and recorders
+/// in place of the windows.
 struct OpenedFile {
   explicit OpenedFile(std::size_t length) : bytes(PatternBytes(length)), path(folder.Write("file", bytes)) {
     state.thumb.trackHeight = 6000;

@@ -8,7 +8,8 @@
 
 namespace bwp::test {
 
-/// A file of ten bytes on a disk, the first five marked, and the temporary file there or elsewhere.
+/// A file of ten bytes on a disk, the first five marked, with the temporary file on the same disk or
+/// elsewhere.
 struct MarkedFile : Workplace {
   inline static const std::string kBytes = "0123456789";
   inline static const std::string kMarked = "01234";

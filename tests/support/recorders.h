@@ -9,8 +9,8 @@
 #include "viewer/display.h"
 #include "viewer/notices.h"
 
-/// Stand-ins for the windows: each writes what it is told into one shared transcript, so that a test can
-/// assert the order of everything that a person would have seen.
+/// Replacements for the windows: each writes its calls into one shared transcript, so that a test can assert
+/// the order of everything that the user would have seen.
 namespace bwp::test {
 
 using Transcript = std::vector<std::string>;
@@ -29,7 +29,7 @@ class RecordedProgress : public Progress {
   bool Aborted() const override { return aborted_; }
   void ClearAbort() override;
 
-  /// What the person does while the events of the given round (1 is the first) run; 0 never happens.
+  /// Presses Cancel during the given round of events (1 is the first); 0 means never.
   void CancelAtEvents(int round) { cancelAt_ = round; }
   void PressCancel() { aborted_ = true; }
   int EventRounds() const { return rounds_; }
@@ -52,7 +52,7 @@ class RecordedNotices : public Notices {
   void Tell(const std::string& text, const std::string& title, Icon icon) override;
   bool Ask(const std::string& question) override;
 
-  bool answer = true;            ///< What the person answers.
+  bool answer = true;            ///< What the user answers.
   std::function<void()> onTell;  ///< Runs while a message or a question is up.
 
  private:

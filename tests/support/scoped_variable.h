@@ -5,7 +5,7 @@
 
 namespace bwp::test {
 
-/// An environment variable that has another value for a while; none when the value is a null pointer.
+/// Sets an environment variable, or removes it if the value is a null pointer, and restores it at the end.
 class ScopedVariable {
  public:
   ScopedVariable(const char* name, const char* value);

@@ -6,7 +6,7 @@
 
 namespace bwp::test {
 
-/// A folder of the test's own, removed with all it holds at the end.
+/// A folder of the test's own, removed with its contents at the end.
 class TempFolder {
  public:
   /// Under the given folder, or where the system keeps temporary files.
@@ -19,7 +19,7 @@ class TempFolder {
   const std::string& Path() const { return path_; }
   /// The path of a name in it.
   std::string operator/(const std::string& name) const { return path_ + name; }
-  /// Writes a file into it and gives its path.
+  /// Writes a file into it and returns its path.
   std::string Write(const std::string& name, std::string_view bytes) const;
   /// The names in it, sorted.
   std::vector<std::string> Names() const;
@@ -31,8 +31,7 @@ class TempFolder {
 /// The bytes of a file; the test fails when it cannot be read.
 std::string ReadFile(const std::string& path);
 
-/// A text of that many bytes in which every position differs from its neighbours and blocks do not repeat
-/// soon.
+/// Pseudo-random bytes, always the same ones, in which blocks do not repeat soon.
 std::string PatternBytes(std::size_t count);
 
 }  // namespace bwp::test

@@ -13,7 +13,7 @@
 namespace bwp::test {
 
 /// Two file systems, for the files of tests: one in memory, where many rounds do not wear out a disk, and one
-/// that is on a disk and keeps extended attributes.
+/// on a disk, which supports extended attributes.
 inline constexpr const char* kMemory = "/dev/shm";
 inline constexpr const char* kOnDisk = "/var/tmp";
 
@@ -21,18 +21,18 @@ inline constexpr const char* kOnDisk = "/var/tmp";
 inline const std::vector<std::string> kNothing;
 inline const std::vector<std::string> kOnlyTheFile{"data"};
 
-/// All that an operation on an open file needs, with everything that a person would see recorded, a folder
-/// for the files and one for the temporary file.
+/// All that an operation on an open file needs: recorders for what the user would see, a folder for the files
+/// and one for the temporary file.
 struct Workplace {
-  /// The file is called "data" and lies under the given folder; the temporary file under the other.
+  /// The file is called "data" and is under the given folder; the temporary file under the other.
   explicit Workplace(std::string_view bytes, const Disk& changes = RealDisk(), const std::string& under = {},
                      const std::string& temporaryUnder = {});
 
-  /// The real disk, but that nothing waits for its platters: what a test reads back comes from the system's
-  /// memory, and on a slow disk thousands of syncs would take longer than all the rest.
+  /// The real disk without Sync: tests read files back from the system's cache, and on a slow disk thousands
+  /// of syncs would take longer than everything else.
   static const Disk& RealDisk();
 
-  /// What was seen, from the last call on; every refresh is one line, "refresh".
+  /// What was shown since the last call; every refresh is one line, "refresh".
   Transcript Story();
   /// The open file's bytes.
   std::string Bytes() const { return ReadFile(state.OpenFile); }

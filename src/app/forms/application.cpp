@@ -14,7 +14,7 @@
 namespace bwp {
 namespace {
 
-// An open menu would keep mouse and keyboard from the report.
+// An open menu would keep mouse and keyboard input from the report.
 void ClosePopups() {
   for (const QWidget* last = nullptr; QWidget* const popup = QApplication::activePopupWidget();
        last = popup) {
@@ -41,7 +41,7 @@ void Application::Guard(const std::function<void()>& work) {
   } catch (const std::bad_alloc&) {
     if (!ending_) End(MakeRunTimeError(kOutOfMemory));
   } catch (const std::exception& error) {
-    // A mistake of our own: whoever mends it wants to know more than the report says.
+    // A bug in the program: fixing it needs more than the report says.
     std::fprintf(stderr, "%s\n", error.what());
     if (!ending_) End(MakeRunTimeError(kInvalidProcedureCall));
   }
@@ -59,7 +59,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void Application::End(RunTimeError error) {
   constexpr int kExitStatus = 1;
-  // From here on a second error is nobody's: it must not hide the first one, nor end the program before that
+  // From here on further errors are ignored: they must not hide the first one, nor end the program before it
   // was read.
   ending_ = true;
   if (beforeEnd) {
@@ -79,10 +79,10 @@ void Application::End(RunTimeError error) {
   std::_Exit(kExitStatus);
 }
 
-// While the report is on the screen, the program's windows get nothing but what their pictures need: timers,
-// keys, a lost focus would run on with the interrupted operation half done. What is refused here reaches no
-// event filter either. The toolkit's own objects go on: a screen reader asks through them what the report
-// says.
+// While the report is shown, the program's windows get only the events that painting needs: handlers of
+// timers, keys or a lost focus would run with the interrupted operation half done. Events refused here reach
+// no event filter either. The toolkit's own objects still get theirs: a screen reader reads the report
+// through them.
 bool Application::MayReceive(const QObject* receiver, QEvent::Type type) const {
   switch (type) {
     case QEvent::Paint:

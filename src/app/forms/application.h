@@ -11,21 +11,21 @@
 
 namespace bwp {
 
-/// The application object, where a RunTimeError that no one else caught arrives. It reports the error and
-/// ends the program there and then, however deep in nested event processing it was thrown, so that no further
-/// line of the interrupted operation runs. Any other exception is reported as error 5, memory that ran out
-/// as 7.
+/// The application object, which catches every RunTimeError that nothing else caught. It reports the error
+/// and ends the program there and then, however deep in nested event processing it was thrown, so that no
+/// further line of the interrupted operation runs. Any other exception is reported as error 5, a lack of
+/// memory as 7.
 ///
 /// EarlyFonts is the first base: its thread must run before QApplication connects to the display.
 class Application : private EarlyFonts, public QApplication {
  public:
   Application(int& argc, char** argv);
 
-  /// Called once before the report; what it returns (finished sentences, or nothing) is added to it. This is
-  /// where bytes that stand nowhere else are put to safety.
+  /// Called once before the report; what it returns (full sentences, or nothing) is added to it. It saves
+  /// bytes that exist nowhere else.
   std::function<std::string()> beforeEnd;
 
-  /// Runs a piece of the program that no event started, under the same rule as an event's handler.
+  /// Runs code that no event started, with the same error handling as an event's handler.
   void Guard(const std::function<void()>& work);
 
   bool notify(QObject* receiver, QEvent* event) override;

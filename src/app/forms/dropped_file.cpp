@@ -9,7 +9,7 @@
 namespace bwp {
 namespace {
 
-// Empty for what lies on no disk of ours.
+// Empty for a URL that is not a local file.
 std::string LocalPath(const QUrl& url) {
   if (!url.isLocalFile()) return {};
   return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();

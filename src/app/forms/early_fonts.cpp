@@ -6,8 +6,8 @@
 namespace bwp {
 namespace {
 
-// The window system answers meanwhile and is waited for; this is not, so it must not take the processor from
-// either.
+// The program waits for the window system meanwhile, not for this thread, so it must not take the processor
+// from either.
 void GiveWay() {
   const sched_param none{};
   sched_setscheduler(0, SCHED_BATCH, &none);
@@ -16,7 +16,7 @@ void GiveWay() {
 }  // namespace
 
 EarlyFonts::EarlyFonts() {
-  // The toolkit brings fontconfig along; where it does not, there is nothing to read.
+  // The toolkit loads fontconfig; if it does not, there is nothing to read.
   using Initialize = int (*)();
   const auto initialize = reinterpret_cast<Initialize>(dlsym(RTLD_DEFAULT, "FcInit"));
   if (initialize == nullptr) return;

@@ -4,8 +4,8 @@
 
 namespace bwp {
 
-/// Reads the system's font configuration on a thread of its own. It takes several milliseconds, and
-/// everything that shows a letter waits for it; a start has them to spare while it connects to the display.
+/// Reads the system's font configuration on a thread of its own. It takes several milliseconds and is needed
+/// before any text is shown; this way it happens while the program connects to the display.
 class EarlyFonts {
  public:
   EarlyFonts();
@@ -13,7 +13,7 @@ class EarlyFonts {
   EarlyFonts& operator=(const EarlyFonts&) = delete;
   ~EarlyFonts();
 
-  /// To be called before the first letter is measured: two readers at a time would do the work twice.
+  /// Call it before the first text is measured: two readers at a time would do the work twice.
   void WaitUntilRead();
 
  private:

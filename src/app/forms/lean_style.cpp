@@ -18,7 +18,7 @@ void LeanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     return;
   }
-  // The heading stands above the frame.
+  // The heading is above the frame.
   constexpr int kGap = 3;
   const int heading = widget != nullptr ? widget->fontMetrics().height() + kGap : 0;
   painter->save();

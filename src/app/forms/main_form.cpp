@@ -128,8 +128,8 @@ void MainForm::ShowSplitJoin() {
   splitJoin_->Show();
 }
 
-// One at a time, and none under the bytes that are being edited. A command ends whatever was being typed: its
-// result would otherwise stay unseen.
+// One at a time, and none while bytes are being edited. A command ends typing into a box, which would hold
+// back the refresh that shows its result.
 void MainForm::Operate(const std::function<void()>& operation) {
   if (!MayOperate()) return;
   const QScopedValueRollback operating(operating_, true);
@@ -144,7 +144,7 @@ void MainForm::ChooseAccelerationEntry(int choice) {
   }
 }
 
-// Edit mode has the controls to itself.
+// In edit mode, the edit controller alone enables and disables the controls.
 void MainForm::EnableCommands() {
   if (controls_.edit->IsOn()) return;
   const bool fileIsOpen = !state_.OpenFile.empty();
@@ -156,7 +156,7 @@ void MainForm::EnableCommands() {
   controls_.edit->edit->setEnabled(MayEdit(state_));
 }
 
-// No operation is running, and no message is waiting to be read.
+// No operation is running, and no message is open.
 bool MainForm::IsIdle() const {
   return !operating_ && !progress_.Visible() && QApplication::activeModalWidget() == nullptr;
 }
@@ -208,7 +208,7 @@ void MainForm::MoveThumb() {
   controls_.scrollBar->ShowThumb();
 }
 
-// The title names the open file: whoever opened it, the commands follow here.
+// The title names the open file, so this is where the commands follow it, whatever opened it.
 void MainForm::ShowTitle(const std::string& title) {
   setWindowTitle(TitleOf(title));
   EnableCommands();

@@ -23,21 +23,21 @@ class Loader;
 class Saver;
 class SplitJoinTool;
 
-/// The main form `f`: owns the view state, ties the panels to the engine and to each other, and is the
-/// display that a refresh shows its work on. What a panel does with its own controls it does itself.
+/// The main form `f`: owns the view state, connects the panels to the engine and to each other, and is the
+/// display of a refresh. Each panel handles its own controls.
 class MainForm : public QMainWindow, private Display {
  public:
   /// progFolder holds the configuration file and ends with a separator.
   explicit MainForm(std::string progFolder);
 
-  /// Takes the remembered settings and opens the file that the command line names, if there is one. Throws
-  /// the platform's error for a configuration that cannot be read or a file that cannot be opened.
+  /// Applies the remembered settings and opens the file that the command line names, if any. Throws
+  /// RunTimeError if the configuration cannot be read or the file cannot be opened.
   void Start(const std::string& commandLine);
 
   /// What the program shows and works on.
   const ViewState& State() const { return state_; }
 
-  /// Puts bytes that were cut, and stand nowhere but in the Buffer, to safety; says where, or nothing.
+  /// Saves bytes that were cut and exist only in the Buffer; returns a sentence that says where, or nothing.
   std::string RescueBuffer() const;
 
  protected:

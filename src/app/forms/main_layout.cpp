@@ -70,7 +70,7 @@ MainLayout::MainLayout(QMainWindow& window, ViewState& state, const Services& se
   constexpr int kGap = 12;
   grid->setColumnMinimumWidth(2, kGap);
   grid->addLayout(ArrangePanels(*this), 0, 3, 3, 1);
-  // The page has its size; what a larger window has to spare goes around it.
+  // The page has a fixed size; the extra space of a larger window goes around it.
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(2, 1);
 }

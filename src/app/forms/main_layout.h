@@ -19,8 +19,8 @@ class Ruler;
 class ScrollBarWidget;
 class SearchPanel;
 
-/// What the main form consists of and where it stands: the page with its ruler and its scroll bar at the
-/// left, the panels at the right in the order in which they are used.
+/// The main form's controls and their layout: the page with its ruler and its scroll bar at the left, the
+/// panels at the right in the order in which they are used.
 struct MainLayout {
   MainLayout(QMainWindow& window, ViewState& state, const Services& services);
 

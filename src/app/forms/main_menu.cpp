@@ -49,7 +49,7 @@ MainMenu::MainMenu(QMenuBar& bar) {
       AddEntry(search, QStringLiteral("menufindnext"), QStringLiteral("Find Next"), QKeySequence(Qt::Key_F3));
 
   QMenu& options = AddMenu(bar, QStringLiteral("menuscroll"), QStringLiteral("&Scroll Options"));
-  // "Acelerated" has been spelt so from the start and is known by it.
+  // "Acelerated" is the entry's established spelling.
   acceleration = {AddEntry(options, QStringLiteral("MenuNAcc"), QStringLiteral("Not Accelerated")),
                   AddEntry(options, QStringLiteral("MenuA2X"), QStringLiteral("Acelerated up to 2X")),
                   AddEntry(options, QStringLiteral("MenuA4X"), QStringLiteral("Accelerated up to 4X")),

@@ -9,7 +9,7 @@ class QMenuBar;
 
 namespace bwp {
 
-/// The entries of the main form's menu bar. They are only made here; the main form says what they do.
+/// The entries of the main form's menu bar. They are only created here; the main form connects them.
 struct MainMenu {
   explicit MainMenu(QMenuBar& bar);
 

@@ -6,12 +6,11 @@
 
 namespace bwp {
 
-/// Where the guide is that was installed with the program; it need not be there.
+/// The path of the guide installed with the program; the file may be missing.
 std::string InstalledReadMe();
 
 /// Opens the user's guide in the desktop's text viewer: the readme.txt of the folder that the program was
-/// started in, or the installed one where that folder has none. Reports when there is none to show or
-/// nothing to show it with.
+/// started in, or else the installed one. Reports if there is none or no program to show it.
 void ShowReadMe(const std::string& progFolder, Notices& notices,
                 const std::string& installed = InstalledReadMe());
 

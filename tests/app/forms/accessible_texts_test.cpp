@@ -13,7 +13,7 @@ namespace {
 
 using bwp::test::ClickRow;
 
-// What a screen reader says of a control: its own name, or that of the label that belongs to it.
+// What a screen reader speaks for a control: its own name after that of its label, if there is one.
 std::string Heard(QWidget& control) {
   QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&control);
   QString heard = interface->text(QAccessible::Name);
@@ -29,7 +29,7 @@ class AccessibleTexts : public bwp::test::MainFormTest {
     QTest::mouseClick(Find<QWidget>(window)->findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
   }
 
-  // Brings every window of the program up once, with something to read in each label.
+  // Opens every window of the program, with a text in each label.
   void ShowAllWindows() {
     folder.Write("Bytewarp.cfg", "#TRUE#,4,\"" + folder.Path() + "\"\n");
     StartOnFile(3000);

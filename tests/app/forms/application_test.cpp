@@ -19,8 +19,8 @@ Application& App() {
   return *static_cast<Application*>(QCoreApplication::instance());
 }
 
-// Runs in the child of a death test: a timer's handler works, and a person reads the report, says what it
-// held on standard error and closes it.
+// Runs in the child of a death test: a timer runs the handler, and another one prints the report on standard
+// error and closes it.
 void RunHandler(const std::function<void()>& handler) {
   QTimer person;
   QObject::connect(&person, &QTimer::timeout, [] {
@@ -83,7 +83,7 @@ TEST_F(ApplicationDeathTest, RunsNoTimerOfTheProgramWhileItReports) {
   EXPECT_EXIT(RunHandler(operation), testing::ExitedWithCode(1), "Overflow");
 }
 
-// The person of this test clicks as a person does, with the mouse on the button.
+// Closes the report as a user does, by a mouse click on the button.
 void ReadAndClickOk() {
   QTimer person;
   QObject::connect(&person, &QTimer::timeout, [] {

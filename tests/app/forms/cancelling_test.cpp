@@ -17,7 +17,7 @@ using bwp::test::ReadFile;
 
 constexpr std::size_t kLength = 5'000'000;
 
-// Cancel in the real progress window, and a click on the main window's cross at the same moment.
+// Cancel in the real progress window, and a click on the main window's close button at the same moment.
 class Cancelling : public bwp::test::MainFormTest {
  protected:
   void SetUp() override {
@@ -72,7 +72,7 @@ TEST_F(Cancelling, ASaveLeavesAShortFileAndTheWindowClosesAfterwards) {
   Entry("sav")->trigger();
   auto* const saver = Find<QWidget>("Saver");
   saver->findChild<QLineEdit*>(QStringLiteral("Ftext"))->setText(QStringLiteral("copy.bin"));
-  // Before the first block there is no file at all.
+  // The file does not exist before the first block is written.
   mayCancel_ = [this] { return std::filesystem::exists(folder / "copy.bin"); };
   press_.start();
   saver->findChild<QPushButton*>(QStringLiteral("Fsave"))->click();

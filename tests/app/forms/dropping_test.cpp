@@ -16,7 +16,7 @@ using bwp::test::AnswerBoxes;
 
 class Dropping : public bwp::test::MainFormTest {};
 
-// What a drag's source is told.
+// What the source of a drag learns.
 struct Answer {
   bool accepted = false;
   Qt::DropAction action = Qt::IgnoreAction;

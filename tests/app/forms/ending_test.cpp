@@ -17,7 +17,7 @@ namespace {
 using bwp::MainForm;
 using bwp::test::TempFolder;
 
-// From now on reads through the handle on that file fail, as those of a disk that was pulled out.
+// Makes reads through the open handle on that file fail, as on a disk that was removed.
 void MakeReadsFail(const std::string& path) {
   const int folder = open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
@@ -27,8 +27,8 @@ void MakeReadsFail(const std::string& path) {
   }
 }
 
-// The program in the child of a death test, with a person who reads the report and, before that, does what a
-// test says.
+// The program in the child of a death test, with a timer in the user's place, which runs `meanwhile` when the
+// report is shown, prints the report and closes it.
 struct Program {
   Program() {
     folder.Write("file.bin", bwp::test::PatternBytes(65536));
@@ -112,7 +112,7 @@ TEST_F(EndingDeathTest, ASecondErrorDuringTheReportIsSwallowed) {
   EXPECT_EXIT(twice(), testing::ExitedWithCode(1), "read: Run-time error '75'");
 }
 
-// The exit as a person asks for it, with other windows open; says which of them are left.
+// Ends the program by the command while other windows are open; prints which of them are left.
 void ExitBy(const std::function<void(MainForm&)>& command) {
   Program program;
   const auto press = [&program](const char* window, const char* button) {

@@ -9,10 +9,11 @@ namespace {
 
 using bwp::test::PatternBytes;
 
-// A key that is held on the whole form, with its real display.
+// A held key on the whole form, with its real display.
 class HeldKey : public bwp::test::MainFormTest {
  protected:
-  /// Notes the start of every page that is painted, and does something once when a page is.
+  /// Records the start of every page that is painted, and runs an action once, when the page at `at` is
+  /// painted.
   class Painted : public QObject {
    public:
     Painted(bwp::MainForm& form, QWidget& page) : form_(form), page_(page) { page.installEventFilter(this); }
@@ -32,7 +33,7 @@ class HeldKey : public bwp::test::MainFormTest {
     QWidget& page_;
   };
 
-  /// Holds the Down key until what happens when that page is painted has ended it.
+  /// Holds the Down key until the action ends the scrolling, which runs when that page is painted.
   void HoldDownUntil(std::int64_t start, const std::function<void()>& action) {
     painted = std::make_unique<Painted>(*form, *Find<QTableView>("tabe")->viewport());
     painted->at = start;

@@ -23,7 +23,7 @@ std::string NameOf(const QWidget& widget) {
   return widget.metaObject()->className();
 }
 
-// What a text needs beside its letters inside a frame.
+// The extra width that a text needs inside a frame.
 constexpr int kRoomAround = 6;
 
 void ExpectRoomForText(const QWidget& widget) {
@@ -45,8 +45,8 @@ void ExpectRoomForText(const QWidget& widget) {
   }
 }
 
-// Everything lies inside what holds it, beside its neighbours, with room for its text; returns how many
-// widgets were looked at.
+// Expects every widget inside its parent, beside its neighbours, with room for its text; returns how many
+// widgets were checked.
 int ExpectWhole(const QWidget& parent) {
   int looked = 0;
   std::vector<const QWidget*> before;
@@ -102,7 +102,7 @@ TEST_F(MainLayout, IsDrawnAtTheScaleOfTheScreen) {
   EXPECT_EQ(form->grab().devicePixelRatio(), scale);
 }
 
-// The scale is the process's: these tests once more, in another one.
+// The scale is set per process, so the tests run again in another one.
 TEST(MainForms, AreWholeAtTwiceTheScale) {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -14,7 +14,7 @@ using bwp::test::AnswerBoxes;
 using bwp::test::PatternBytes;
 using bwp::test::ReadFile;
 
-// What works on the open file keeps everything else off it, however many windows there are.
+// Only one command works on the open file at a time, however many windows there are.
 class OneAtATime : public bwp::test::MainFormTest {
  protected:
   QWidget* Window(const char* name) { return Find<QWidget>(name); }
@@ -23,7 +23,7 @@ class OneAtATime : public bwp::test::MainFormTest {
     return window->findChild<Control*>(QString::fromLatin1(name));
   }
   void EnterEditMode() { QTest::mouseClick(Button("edit"), Qt::LeftButton); }
-  /// The named controls of the window and the named entries of its menus that can be used now.
+  /// The names of the window's controls and menu entries that are enabled.
   QStringList NamesOfWhatIsEnabled() {
     QStringList names;
     for (const QWidget* const widget : form->findChildren<QWidget*>()) {
@@ -59,7 +59,7 @@ TEST_F(OneAtATime, EditModeHidesTheFileDialogsAndTheirButtonsDoNothingMeanwhile)
   EXPECT_FALSE(loader->isVisible());
   EXPECT_FALSE(saver->isVisible());
 
-  // A click that was on its way already.
+  // A click that was already pending.
   In<QLineEdit>(loader, "Ftext")->setText(QStringLiteral("other.bin"));
   In<QPushButton>(loader, "Fload")->click();
   In<QLineEdit>(saver, "Ftext")->setText(QStringLiteral("copy.bin"));

@@ -12,7 +12,7 @@ struct Answer {
   int status = -1;
 };
 
-// What the real program answers to these arguments.
+// The output of the real program for these arguments.
 Answer Ask(const std::string& arguments) {
   const std::string command = std::string("timeout 20 " BYTEWARP_PROGRAM " ") + arguments + " 2>&1";
   std::FILE* const pipe = popen(command.c_str(), "r");

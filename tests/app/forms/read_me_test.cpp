@@ -16,7 +16,7 @@
 
 namespace bwp::test {
 
-/// Stands in for the desktop's viewer: notes which files it is to show.
+/// Replaces the desktop's viewer: records which files it is asked to show.
 class Viewer : public QObject {
   Q_OBJECT
  public:
@@ -71,7 +71,7 @@ TEST_F(ReadMe, ThatIsNowhereIsTold) {
   EXPECT_THAT(told_, ElementsAre("tell [Error !] File not found (x)"));
 }
 
-// The platform of these tests has no way to open anything.
+// The offscreen platform has no way to open a file.
 TEST_F(ReadMe, ThatNothingCanShowIsToldWithItsPath) {
   own_.Write("readme.txt", "own");
   Show();

@@ -66,7 +66,7 @@ class SplitJoinOperation : public bwp::test::MainFormTest {
   }
   static std::string Joined() { return PatternBytes(700) + "end"; }
   void Confirm() { Press("Dialog", "OKButton"); }
-  // Runs the job to its message, which is read and closed.
+  // Waits until the job's message was shown and closed.
   void Finish(const AnswerBoxes& boxes) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !boxes.Seen().empty(); }));
     QTest::qWait(1);

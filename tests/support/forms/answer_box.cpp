@@ -62,7 +62,7 @@ bool AnswerBoxes::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-// The box stands by now and waits in an event loop of its own.
+// The box is open by now and waits in an event loop of its own.
 void AnswerBoxes::timerEvent(QTimerEvent* event) {
   killTimer(event->timerId());
   if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) Answer(*box);

@@ -9,7 +9,7 @@
 
 namespace bwp::test {
 
-/// A message box as a person saw it.
+/// A message box as the user would see it.
 struct SeenBox {
   std::string title;
   std::string text;
@@ -20,12 +20,12 @@ struct SeenBox {
   std::string Line() const;
 };
 
-/// While it lives, every message box that comes up is noted and answered, so that no test waits for a person.
-/// Make one before the click that brings the box up.
+/// Records and answers every message box that opens during its lifetime, so that no test waits for a user.
+/// Create it before the click that opens the box.
 class AnswerBoxes : public QObject {
  public:
-  /// Each box gets the next answer, the last one serves all that follow. NoButton stands for the Escape key;
-  /// a box without the button asked for is left with Escape.
+  /// Each box gets the next answer, the last one serves all that follow. NoButton means the Escape key, which
+  /// also closes a box that lacks the button asked for.
   explicit AnswerBoxes(std::vector<QMessageBox::StandardButton> answers = {QMessageBox::Ok});
   ~AnswerBoxes() override;
 
@@ -33,7 +33,7 @@ class AnswerBoxes : public QObject {
   /// The boxes so far, one Line each.
   std::vector<std::string> Lines() const;
 
-  /// Runs while a box stands, before it is answered.
+  /// Runs while a box is open, before it is answered.
   std::function<void(QMessageBox&)> onBox;
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -4,8 +4,8 @@
 
 namespace bwp::test {
 
-/// Expects that no control that is seen overlaps another or sticks out of the form, that every text has the
-/// room it needs, and that whatever takes input has a name of its own and one that a person would say.
+/// Expects that no visible control overlaps another or sticks out of the form, that every fixed text fits,
+/// and that every control that takes input has an object name and an accessible name.
 void ExpectTidy(QWidget& form);
 
 /// The same at the form's smallest, usual and a large size.

@@ -15,8 +15,7 @@
 
 namespace bwp::test {
 
-/// A display that really lets events run, and notes what it was told: stands in for the main form around the
-/// panel under test.
+/// A display that handles events and records its calls: replaces the main form around the panel under test.
 class LiveDisplay : public Display {
  public:
   void SetRedraw(bool on) override {
@@ -53,7 +52,7 @@ class LiveDisplay : public Display {
   std::function<void(const ChunkTexts&)> onChunk;
 };
 
-/// A double click as a mouse makes it: two presses, the second one marked as double, and two releases.
+/// A double click as a mouse sends it: two presses, the second one marked as double, and two releases.
 inline void DoubleClick(QWidget* widget, const QPoint& place) {
   QTest::mouseClick(widget, Qt::LeftButton, {}, place);
   QTest::mouseDClick(widget, Qt::LeftButton, {}, place);
