@@ -6,6 +6,7 @@
 
 #include "interaction/forms/scroll_parts.h"
 #include "viewer/forms/units.h"
+#include "viewer/forms/widgets.h"
 #include "viewer/open_view_file.h"
 
 namespace bwp {
@@ -15,10 +16,9 @@ constexpr int kBarWidth = 18;
 // A notch of a wheel is 120 eighths of a degree, and three lines here as in most programs.
 constexpr int kEighthsPerLine = 40;
 
-void Name(QWidget& widget, const QString& name, const QString& spoken, const QString& toolTip) {
-  widget.setObjectName(name);
-  widget.setAccessibleName(spoken);
-  widget.setToolTip(toolTip);
+bool IsOfMouse(QEvent::Type type) {
+  return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+         type == QEvent::MouseButtonDblClick || type == QEvent::MouseMove;
 }
 
 }  // namespace
@@ -85,19 +85,18 @@ void ScrollBarWidget::TurnWheel(int eighths) {
 bool ScrollBarWidget::eventFilter(QObject* watched, QEvent* event) {
   // A disabled part's events pass here as well; they are for the form.
   const bool takesMouse = static_cast<const QWidget*>(watched)->isEnabled();
-  if (watched == VSB_) return takesMouse && ThumbMouse(*event);
-  if (event->type() == QEvent::EnabledChange && !takesMouse) bar_.Stop();
-  if (event->type() == QEvent::Resize) {
+  if (watched == VSBack_ && event->type() == QEvent::EnabledChange && !takesMouse) bar_.Stop();
+  if (watched == VSBack_ && event->type() == QEvent::Resize) {
     FitThumb(state_, ToUnits(VSBack_->height()));
     ShowThumb();
-    return false;
   }
-  return takesMouse && TrackMouse(*event);
+  if (!takesMouse || !IsOfMouse(event->type())) return false;
+  const auto& mouse = static_cast<const QMouseEvent&>(*event);
+  return watched == VSB_ ? ThumbMouse(mouse) : TrackMouse(mouse);
 }
 
-bool ScrollBarWidget::TrackMouse(QEvent& event) {
-  const auto& mouse = static_cast<const QMouseEvent&>(event);
-  switch (event.type()) {
+bool ScrollBarWidget::TrackMouse(const QMouseEvent& mouse) {
+  switch (mouse.type()) {
     case QEvent::MouseButtonPress:
       if (mouse.button() != Qt::LeftButton) return false;
       bar_.PressTrack(ToUnits(mouse.position().x()), ToUnits(mouse.position().y()));
@@ -115,9 +114,8 @@ bool ScrollBarWidget::TrackMouse(QEvent& event) {
   }
 }
 
-bool ScrollBarWidget::ThumbMouse(QEvent& event) {
-  const auto& mouse = static_cast<const QMouseEvent&>(event);
-  switch (event.type()) {
+bool ScrollBarWidget::ThumbMouse(const QMouseEvent& mouse) {
+  switch (mouse.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
       if (mouse.button() != Qt::LeftButton) return false;

@@ -5,6 +5,8 @@
 #include "interaction/forms/hold_timer.h"
 #include "interaction/scroll_bar.h"
 
+class QMouseEvent;
+
 namespace bwp {
 
 class LineButton;
@@ -30,8 +32,8 @@ class ScrollBarWidget : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool TrackMouse(QEvent& event);
-  bool ThumbMouse(QEvent& event);
+  bool TrackMouse(const QMouseEvent& mouse);
+  bool ThumbMouse(const QMouseEvent& mouse);
 
   ViewState& state_;
   QtHoldTimer timer_;
