@@ -33,7 +33,7 @@ std::string FolderOrHere(const std::string& folder) {
 std::optional<std::string> ResolvedPath(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr), &std::free);
   if (!resolved) return std::nullopt;
-  return resolved.get();
+  return std::string(resolved.get());
 }
 
 std::string PathIn(const std::string& folder, const std::string& name) {
