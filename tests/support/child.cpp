@@ -39,7 +39,7 @@ void EnterOwnMounts() {
     WriteText("/proc/self/uid_map", "0 " + std::to_string(user) + " 1");
     WriteText("/proc/self/gid_map", "0 " + std::to_string(group) + " 1");
   }
-  Require(mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "private mounts");
+  Require(mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0, "private mounts");
 }
 
 }  // namespace
@@ -84,7 +84,7 @@ void MountMemory(const std::string& folder, long bytes) {
 }
 
 void MountOnto(const std::string& what, const std::string& where) {
-  Require(mount(what.c_str(), where.c_str(), nullptr, MS_BIND, nullptr) == 0, "mount on " + where);
+  Require(mount(what.c_str(), where.c_str(), "none", MS_BIND, nullptr) == 0, "mount on " + where);
 }
 
 void BecomeNobody() {
