@@ -8,7 +8,6 @@
 #include <QMessageBox>
 
 #include "app/forms/lean_style.h"
-#include "app/linker_pages.h"
 #include "viewer/forms/text_conversion.h"
 
 namespace bwp {
@@ -26,8 +25,7 @@ void ClosePopups() {
 }  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
-  WaitUntilRead();
-  ReleaseLinkerPages();
+  WaitUntilDone();
   setStyle(new LeanStyle);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style
   setApplicationName(QStringLiteral("Bytewarp"));
   setDesktopFileName(QStringLiteral("org.bytewarp.Bytewarp"));

@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QEvent>
 
-#include "app/forms/early_fonts.h"
+#include "app/forms/early_work.h"
 #include "viewer/run_time_error.h"
 
 namespace bwp {
@@ -16,8 +16,8 @@ namespace bwp {
 /// further line of the interrupted operation runs. Any other exception is reported as error 5, a lack of
 /// memory as 7.
 ///
-/// EarlyFonts is the first base: its thread must run before QApplication connects to the display.
-class Application : private EarlyFonts, public QApplication {
+/// EarlyWork is the first base: its thread must run before QApplication connects to the display.
+class Application : private EarlyWork, public QApplication {
  public:
   Application(int& argc, char** argv);
 
