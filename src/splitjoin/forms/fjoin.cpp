@@ -53,15 +53,16 @@ bool Fjoin::eventFilter(QObject* watched, QEvent* event) {
 void Fjoin::Pick(int row) {
   const std::vector<int> selected = Lists().SelectedRows();
   order_.Click(static_cast<std::size_t>(row), std::binary_search(selected.begin(), selected.end(), row));
-  builtNames_ = FromPath(NamesText(PickedNames()));
-  Ftext_.setText(builtNames_);
+  shownNames_ = PickedNames();
+  Ftext_.setText(FromPath(NamesText(shownNames_)));
 }
 
 // Names that were picked in another folder are not in this one; a typed text stays.
 void Fjoin::StartAnew() {
   order_.Reset();
   rows_ = Lists().FileNames();
-  if (Ftext_.text() == builtNames_) Ftext_.clear();
+  if (ShowsPickedNames()) Ftext_.clear();
+  shownNames_.clear();
 }
 
 // Files came or went: each name keeps its place.
@@ -75,10 +76,11 @@ void Fjoin::FollowRows() {
   }
 }
 
-// A text that the clicks wrote means the picked files; any other was typed.
+// What the text says is joined. A file that was picked and has gone since is still named there: its absence
+// is an error, not a reason to join the others without it.
 void Fjoin::Prepare() {
-  if (Ftext_.text() == builtNames_) {
-    PreparePicked(PickedNames());
+  if (ShowsPickedNames()) {
+    PreparePicked(shownNames_);
   } else {
     Q_EMIT Asked(PrepareJoin(job_, state_.LastFolder, ToPath(Ftext_.text()), ToPath(Dest_.text())));
   }
@@ -87,6 +89,11 @@ void Fjoin::Prepare() {
 void Fjoin::PreparePicked(const std::vector<std::string>& names) {
   const auto question = PreparePickedJoin(job_, notices_, state_.LastFolder, names, ToPath(Dest_.text()));
   if (question) Q_EMIT Asked(*question);
+}
+
+// Otherwise the text was typed.
+bool Fjoin::ShowsPickedNames() const {
+  return Ftext_.text() == FromPath(NamesText(shownNames_));
 }
 
 std::vector<std::string> Fjoin::PickedNames() const {

@@ -34,14 +34,15 @@ class Fjoin : public FileDialog {
   void FollowRows();
   void Prepare();
   void PreparePicked(const std::vector<std::string>& names);
+  bool ShowsPickedNames() const;
   std::vector<std::string> PickedNames() const;
 
   ViewState& state_;
   Notices& notices_;
   SplitJoinJob& job_;
   ClickOrder order_;
-  std::vector<std::string> rows_;  ///< The names of the entries in the order.
-  QString builtNames_;             ///< What the clicks wrote into Ftext.
+  std::vector<std::string> rows_;        ///< The names of the entries in the order.
+  std::vector<std::string> shownNames_;  ///< Those that the last click wrote into Ftext.
   QLineEdit& Ftext_;
   QLineEdit& Dest_;
   QPushButton& ActionB_;

@@ -5,7 +5,9 @@
 #include <QDir>
 
 #include "splitjoin/forms/tool_fixture.h"
+#include "support/errors.h"
 #include "support/forms/list_clicks.h"
+#include "viewer/run_time_error.h"
 
 namespace {
 
@@ -130,6 +132,25 @@ TEST_F(Fjoin, KeepsTheOrderWhenFilesComeAndGo) {
   Wait([this] { return Files("Fjoin").model()->rowCount() == 3; });
   ClickRow(Files("Fjoin"), "a", Qt::ControlModifier);
   EXPECT_EQ(Names(), "\"d\" \"c\" \"a\" ");
+}
+
+TEST_F(Fjoin, JoinsTheNamesThatAreShownAlsoWhenOneIsGone) {
+  for (const char* name : {"a", "b", "c"}) folder_.Write(name, name);
+  int error = 0;
+  tool_.run = [&error](const auto& job) { error = bwp::test::ErrorNumberOf(job); };
+  Press("Divide", "Join");
+  ClickRow(Files("Fjoin"), "a");
+  ClickRow(Files("Fjoin"), "b", Qt::ControlModifier);
+  ClickRow(Files("Fjoin"), "c", Qt::ControlModifier);
+  Type("Fjoin", "Dest", "all");
+  ASSERT_EQ(unlink((folder_ / "b").c_str()), 0);
+  Wait([this] { return Files("Fjoin").model()->rowCount() == 2; });
+  ASSERT_EQ(Names(), "\"a\" \"b\" \"c\" ");
+  Press("Fjoin", "ActionB");
+  Press("Dialog", "OKButton");
+  Wait([&error] { return error != 0; });
+  EXPECT_EQ(error, bwp::kFileNotFound);
+  EXPECT_FALSE(Told("Join successful"));
 }
 
 TEST_F(Fjoin, JoinsConsecutiveFilesFromTheOneThatIsDoubleClicked) {
