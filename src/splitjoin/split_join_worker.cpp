@@ -121,18 +121,22 @@ void SplitJoinWorker::Join() {
   windows_.HideDivide();
   const std::vector<std::string> names = NamesToJoin();
   RefuseOwnSource(names);
-  WriteResult(names);
+  // Another job may be prepared, in another folder too, while events run.
+  const std::string folder = state_.LastFolder;
+  const std::string destination = job_.destination;
+  WriteResult(names, folder, destination);
   if (services_.progress.Aborted()) {
     services_.notices.Tell("Join aborted");
   } else {
-    ShowResult();
+    ShowResult(destination);
   }
   services_.progress.ClearAbort();
 }
 
-void SplitJoinWorker::WriteResult(const std::vector<std::string>& names) {
+void SplitJoinWorker::WriteResult(const std::vector<std::string>& names, const std::string& folder,
+                                  const std::string& destination) {
   Progress& progress = services_.progress;
-  WriteStream result = Create(state_, services_.disk, job_.destination);
+  WriteStream result = Create(state_, services_.disk, destination);
   progress.SetCaption("Joining files");
   progress.Show();
   progress.LetEventsRun();
@@ -140,9 +144,9 @@ void SplitJoinWorker::WriteResult(const std::vector<std::string>& names) {
   std::int64_t step = 1;
   for (const std::string& name : names) {
     progress.SetCaption("Joining files" + StepOf(step, count));
-    progress.SetLabel("Joining file " + name + " to " + funzioni::NameOf(job_.destination));
+    progress.SetLabel("Joining file " + name + " to " + funzioni::NameOf(destination));
     progress.LetEventsRun();
-    ReadStream source(funzioni::PathIn(state_.LastFolder, name));
+    ReadStream source(funzioni::PathIn(folder, name));
     FileSystem::StreamCopy(progress, source, result, source.Length());
     progress.SetBar(0);
     ++step;
@@ -152,9 +156,9 @@ void SplitJoinWorker::WriteResult(const std::vector<std::string>& names) {
 }
 
 // The result becomes the open file, unless it is longer than the program can show.
-void SplitJoinWorker::ShowResult() {
-  const bool tooLarge = ReadStream(job_.destination).Length() > kMaxFileLength;
-  if (!tooLarge) OpenViewFile(state_, job_.destination);
+void SplitJoinWorker::ShowResult(const std::string& destination) {
+  const bool tooLarge = ReadStream(destination).Length() > kMaxFileLength;
+  if (!tooLarge) OpenViewFile(state_, destination);
   windows_.HideFjoin();
   // A position that was being typed was meant for the previous file; it must not hold back this one's page.
   state_.FieldTyping = false;
@@ -170,9 +174,10 @@ void SplitJoinWorker::ShowResult() {
 std::vector<std::string> SplitJoinWorker::NamesToJoin() const {
   std::vector<std::string> names = ParseNames(job_.names);
   if (names.size() != 1) return names;
-  const PartNames parts = JoinNames(names.front());
+  const std::string folder = funzioni::FolderOf(names.front());
+  const PartNames parts = JoinNames(funzioni::NameOf(names.front()));
   for (std::int64_t number = parts.first + 1;; ++number) {
-    const std::string name = parts.Name(number);
+    const std::string name = folder + parts.Name(number);
     if (!funzioni::FileExists(funzioni::PathIn(state_.LastFolder, name))) return names;
     names.push_back(name);
   }

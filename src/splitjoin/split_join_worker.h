@@ -37,8 +37,9 @@ class SplitJoinWorker {
   void WriteParts(std::int64_t partSize);
   void DeleteOldParts();
   void Join();
-  void WriteResult(const std::vector<std::string>& names);
-  void ShowResult();
+  void WriteResult(const std::vector<std::string>& names, const std::string& folder,
+                   const std::string& destination);
+  void ShowResult(const std::string& destination);
   void DeleteDestination();
   std::vector<std::string> NamesToJoin() const;
   void RefuseOwnSource(const std::vector<std::string>& names) const;

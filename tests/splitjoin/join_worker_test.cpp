@@ -11,6 +11,7 @@ using bwp::test::PatternBytes;
 using bwp::test::ReadFile;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::Not;
 
 class JoinWorker : public bwp::test::SplitJoinWorkerTest {};
@@ -190,6 +191,32 @@ TEST_F(JoinWorker, TakesAbsoluteNamesAsTheyAre) {
   RunToEnd();
   EXPECT_EQ(ReadFile(elsewhere / "all"), "onehere");
   EXPECT_THAT(folder.Names(), ElementsAre("y"));
+}
+
+TEST_F(JoinWorker, LooksForTheNumberOfAnAbsoluteNameBehindItsFolder) {
+  const std::string elsewhere = folder / "2026/";
+  ASSERT_EQ(mkdir(elsewhere.c_str(), 0700), 0);
+  folder.Write("2026/x.000", "zero");
+  folder.Write("2026/x.001", "one");
+  folder.Write("2026/x.002", "two");
+  Join('"' + elsewhere + "x.001\"", "all");
+  EXPECT_EQ(ReadFile(folder / "all"), "onetwo");
+  EXPECT_THAT(transcript, Contains("label Joining file " + elsewhere + "x.002 to all"));
+}
+
+TEST_F(JoinWorker, GoesOnWithItsJobWhenAnotherIsPreparedMeanwhile) {
+  const bwp::test::TempFolder elsewhere;
+  folder.Write("x.000", "zero");
+  folder.Write("x.001", "one");
+  progress.onEvents = [&] {
+    bwp::PrepareJoin(job, elsewhere.Path(), "y.000", "other");
+    state.LastFolder = elsewhere.Path();
+  };
+  Join("\"x.000\"", "all");
+  EXPECT_EQ(ReadFile(folder / "all"), "zeroone");
+  EXPECT_EQ(state.OpenFile, folder / "all");
+  EXPECT_THAT(transcript, Contains("label Joining file x.001 to all"));
+  EXPECT_THAT(elsewhere.Names(), IsEmpty());
 }
 
 TEST_F(JoinWorker, CannotWriteToAnEmptyDestination) {
