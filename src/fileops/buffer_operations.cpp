@@ -172,19 +172,21 @@ void CopyChunk(ViewState& state, const Services& services) {
   Progress& progress = services.progress;
   ReadStream file(state.OpenFile);
   if (!HoldsWhatIsShown(state, VersionOf(file))) return TellChanged(state, services);
+  // The marks may be moved while events run.
+  const std::int64_t first = state.MarkStart;
   const std::int64_t last = LastByteOf(state);
-  if (state.MarkStart > last) return TellNoByte(services.notices);
+  if (first > last) return TellNoByte(services.notices);
 
   progress.SetCaption("Seeking MarkStart");
   progress.SetLabel("Wait please");
   progress.Show();
   progress.LetEventsRun();
-  StreamSkip(progress, file, state.MarkStart);
+  StreamSkip(progress, file, first);
   progress.SetCaption("Copy");
   progress.SetLabel("Copying Chunk to Buffer");
   progress.LetEventsRun();
   std::string chunk;
-  StreamReadText(progress, file, chunk, last - state.MarkStart + 1);
+  StreamReadText(progress, file, chunk, last - first + 1);
   progress.SetBar(0);
   progress.Hide();
   if (progress.Aborted()) {

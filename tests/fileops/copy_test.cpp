@@ -42,6 +42,14 @@ TEST(Copy, FromTheVeryStartSkipsNothing) {
   EXPECT_EQ(place.state.BufferData, "0123456789");
 }
 
+TEST(Copy, TakesTheChunkThatWasMarkedWhenItBegan) {
+  Workplace place("0123456789");
+  place.Mark(3, 5);
+  place.progress.onEvents = [&place] { place.Mark(1, 8); };
+  CopyChunk(place.state, place.services);
+  EXPECT_EQ(place.state.BufferData, "345");
+}
+
 TEST(Copy, LeavesMarksAndPageStartAlone) {
   Workplace place(PatternBytes(5000));
   place.Mark(700, 4000);
