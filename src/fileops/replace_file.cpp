@@ -5,6 +5,7 @@
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "fileops/file_attributes.h"
 #include "fileops/file_system.h"
@@ -59,7 +60,13 @@ void FileReplacement::Prepare(Progress& progress, ScratchFile& content) {
   if (progress.Aborted()) return;
   content_ = &content;
   temporaryPath_ = content.Path();
-  Stage(funzioni::FolderOf(target_), &progress);
+  const std::string folder = funzioni::FolderOf(target_);
+  const std::string linkFolder = funzioni::FolderOf(old_.Path());
+  refusal_ = Stage(folder, &progress);
+  if (refusal_ == 0) return;
+  if (!IsNameRefused(refusal_) || linkFolder == folder) throw RunTimeErrorFromErrno(refusal_, folder);
+  const int refusal = Stage(linkFolder, &progress);
+  if (refusal != 0) throw RunTimeErrorFromErrno(refusal, linkFolder);
 }
 
 void FileReplacement::Discard(ScratchFile& content) {
@@ -68,9 +75,12 @@ void FileReplacement::Discard(ScratchFile& content) {
 }
 
 // The old file's mode may rely on the file's folder to keep others out, and the temporary file's folder does
-// not. So the content gets that mode only beside the old file, under a hidden name.
-void FileReplacement::Stage(const std::string& folder, Progress* progress) {
-  staged_.emplace(ScratchFile::Create(disk_, folder + ".bytewarp-"));
+// not. So the content gets that mode only beside the old file, under a hidden name. Returns the system's
+// error number if the folder does not take it, else zero.
+int FileReplacement::Stage(const std::string& folder, Progress* progress) {
+  std::optional<ScratchFile> hidden = ScratchFile::TryCreate(disk_, folder + ".bytewarp-");
+  if (!hidden) return errno;
+  staged_.emplace(std::move(*hidden));
   // The long wait for the disk: what a power cut leaves of the temporary file, the next one writes over.
   if (OnOneDevice(content_->Path(), staged_->Path())) content_->Sync();
   const int error = Rename(content_->Path(), staged_->Path());
@@ -84,6 +94,7 @@ void FileReplacement::Stage(const std::string& folder, Progress* progress) {
   } else {
     throw RunTimeErrorFromErrno(error, staged_->Path());
   }
+  return 0;
 }
 
 void FileReplacement::CopyToStaged(Progress* progress) {
@@ -108,7 +119,7 @@ void FileReplacement::Finish(const ScratchFile& file) const {
 
 FileReplacement::Outcome FileReplacement::Commit() {
   if (TargetChanged()) return Outcome::kTargetChanged;
-  const int refusal = Place(target_, true);
+  const int refusal = refusal_ != 0 ? refusal_ : Place(target_, true);
   if (refusal == 0) return Outcome::kReplaced;
   if (!IsNameRefused(refusal)) throw RunTimeErrorFromErrno(refusal, old_.Path());
 
@@ -116,9 +127,9 @@ FileReplacement::Outcome FileReplacement::Commit() {
   int failure = Place(newPath, false);
   if (failure == EXDEV) {
     // The path is a link on another file system than its target.
-    Stage(funzioni::FolderOf(newPath), nullptr);
+    failure = Stage(funzioni::FolderOf(newPath), nullptr);
     if (TargetChanged()) return Outcome::kTargetChanged;
-    failure = Place(newPath, false);
+    if (failure == 0) failure = Place(newPath, false);
   }
   if (failure == 0) return Outcome::kStandsAsNew;
   RunTimeError error = RunTimeErrorFromErrno(failure, newPath);

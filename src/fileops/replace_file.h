@@ -43,8 +43,10 @@ class FileReplacement {
   const FileVersion& Old() const { return version_; }
 
   /// Brings the new content, which must stay until Commit, to where only a rename is missing: on the disk,
-  /// with the old file's attributes, under a hidden name beside it. Copying it there from another file system
-  /// takes steps of the progress and ends on Cancel; nothing is done after Cancel. Throws RunTimeError.
+  /// with the old file's attributes, under a hidden name beside it; where that folder takes no new names,
+  /// beside the link by which the file was opened, for Commit to let it stand as new. Copying it there from
+  /// another file system takes steps of the progress and ends on Cancel; nothing is done after Cancel. Throws
+  /// RunTimeError.
   void Prepare(Progress& progress, ScratchFile& content);
 
   /// Gives up what was prepared and deletes the content. Throws RunTimeError.
@@ -60,7 +62,7 @@ class FileReplacement {
 
  private:
   bool TargetChanged() const;
-  void Stage(const std::string& folder, Progress* progress);
+  int Stage(const std::string& folder, Progress* progress);
   void CopyToStaged(Progress* progress);
   void Finish(const ScratchFile& file) const;
   void KeepContent();
@@ -75,6 +77,7 @@ class FileReplacement {
   ScratchFile* content_ = nullptr;
   std::string temporaryPath_;          ///< Where the content was gathered.
   std::optional<ScratchFile> staged_;  ///< The content's copy, where it had to be copied to its new place.
+  int refusal_ = 0;                    ///< Why the target's folder did not take it, an error number.
   std::string placed_;                 ///< Where the content went.
 };
 

@@ -40,15 +40,21 @@ void ScratchFile::Release() {
 }
 
 ScratchFile ScratchFile::Create(const Disk& disk, const std::string& prefix) {
+  std::optional<ScratchFile> file = TryCreate(disk, prefix);
+  if (!file) throw RunTimeErrorFromErrno(errno, prefix);
+  return std::move(*file);
+}
+
+std::optional<ScratchFile> ScratchFile::TryCreate(const Disk& disk, const std::string& prefix) {
   std::random_device random;
   for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
     const std::string path = prefix + funzioni::HexOffset(static_cast<std::int32_t>(random()));
     const int descriptor =
         Uninterrupted([&] { return disk.Open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, kUserOnly); });
-    if (descriptor >= 0) return {disk, path, descriptor};
-    if (errno != EEXIST) throw RunTimeErrorFromErrno(errno, path);
+    if (descriptor >= 0) return ScratchFile(disk, path, descriptor);
+    if (errno != EEXIST) break;
   }
-  throw MakeRunTimeError(kFileAlreadyExists, prefix);
+  return std::nullopt;
 }
 
 std::int64_t ScratchFile::Length() const {

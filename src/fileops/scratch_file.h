@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "fileops/byte_stream.h"
@@ -21,6 +22,8 @@ class ScratchFile {
   /// A new file that the user alone may read, under the prefix and letters that make the name unique. Throws
   /// RunTimeError.
   static ScratchFile Create(const Disk& disk, const std::string& prefix);
+  /// The same, but returns nothing, with errno set, if the folder does not take it.
+  static std::optional<ScratchFile> TryCreate(const Disk& disk, const std::string& prefix);
 
   const std::string& Path() const { return path_; }
   int Descriptor() const { return descriptor_; }

@@ -311,6 +311,62 @@ TEST_P(Replace, ThroughALinkOnAnotherDiskRecoversBesideTheLink) {
   });
 }
 
+// A file in a folder that takes no new names from the user, opened by a link in one of the user's own.
+struct LinkedPlace : Place {
+  LinkedPlace(const std::string& temporaryUnder, const std::string& linkUnder)
+      : Place(temporaryUnder), links(linkUnder) {
+    std::filesystem::create_symlink(data, links / "link");
+    EXPECT_EQ(chmod(folder.Path().c_str(), 0555), 0);
+    for (const std::string& own : {links.Path(), temporary.Path()}) {
+      EXPECT_EQ(chown(own.c_str(), bwp::test::kNobody, bwp::test::kNobody), 0);
+    }
+  }
+  void OpenAsNobody() {
+    bwp::test::BecomeNobody();
+    Open(links / "link");
+  }
+
+  const TempFolder links;
+};
+
+TEST_P(ReplaceAsRoot, ThroughALinkIntoAFolderThatTakesNoNewNamesRecoversBesideTheLink) {
+  for (const char* const linkUnder : {kOnDisk, kMemory}) {
+    LinkedPlace place(GetParam(), linkUnder);
+    InChild([&] {
+      place.OpenAsNobody();
+      place.Cut();
+      ExpectRecovery(place, place.links / "link");
+      EXPECT_EQ(place.links.Names(), (Names{"link", "link.new"}));
+      EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
+    });
+  }
+}
+
+TEST_P(ReplaceAsRoot, ThroughALinkIntoAFolderThatTakesNoNewNamesIsError58WhenTheNewNameIsTaken) {
+  LinkedPlace place(GetParam(), kOnDisk);
+  place.links.Write("link.new", "taken");
+  InChild([&] {
+    place.OpenAsNobody();
+    EXPECT_EQ(ErrorOf([&] { place.Cut(); }).number, 58);
+    EXPECT_EQ(ReadFile(place.temporary / place.temporary.Names().at(0)), kRest);
+    EXPECT_EQ(ReadFile(place.links / "link.new"), "taken");
+    EXPECT_EQ(ReadFile(place.data), kBytes);
+    EXPECT_EQ(place.links.Names(), (Names{"link", "link.new"}));
+  });
+}
+
+TEST_P(ReplaceAsRoot, ThroughALinkBetweenFoldersThatTakeNoNewNamesIsError70) {
+  LinkedPlace place(GetParam(), kOnDisk);
+  ASSERT_EQ(chmod(place.links.Path().c_str(), 0555), 0);
+  InChild([&] {
+    place.OpenAsNobody();
+    EXPECT_EQ(ErrorOf([&] { place.Cut(); }).number, 70);
+    EXPECT_EQ(ReadFile(place.data), kBytes);
+    EXPECT_EQ(place.state.BufferData, "");
+    EXPECT_EQ(place.temporary.Names(), kNothing);
+  });
+}
+
 INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, Replace, testing::Values(kOnDisk));
 INSTANTIATE_TEST_SUITE_P(AcrossTwoFileSystems, Replace, testing::Values(kMemory));
 INSTANTIATE_TEST_SUITE_P(OnOneFileSystem, ReplaceAsRoot, testing::Values(kOnDisk));
