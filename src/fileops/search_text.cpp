@@ -21,6 +21,10 @@ void SearchText::ReadBlock(ByteSource& source, std::size_t tailLength, std::size
   length_ = tail + source.Read(bytes + place, blockLength);
 }
 
+void SearchText::RereadEnd(ByteSource& source, std::size_t count) {
+  source.Read(reinterpret_cast<char*>(lines_.data()) + start_ + length_ - count, count);
+}
+
 char* SearchText::Room(std::size_t bytes) {
   const std::size_t lines = bytes / sizeof(Line) + 1;
   if (lines > lines_.size()) {

@@ -17,6 +17,8 @@ class SearchText {
   void FillWithBlanks(std::size_t count);
   /// Keeps at most tailLength characters of the end and reads a block after them, or what there is of it.
   void ReadBlock(ByteSource& source, std::size_t tailLength, std::size_t blockLength);
+  /// Reads the last characters again, that many of them: the file may have changed where they stand.
+  void RereadEnd(ByteSource& source, std::size_t count);
   /// How many bytes of memory it takes.
   std::size_t Capacity() const { return lines_.capacity() * sizeof(Line); }
 

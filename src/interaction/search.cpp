@@ -3,6 +3,7 @@
 #include "fileops/shown_file.h"
 #include "viewer/code_page.h"
 #include "viewer/mark_cells.h"
+#include "viewer/number_text.h"
 #include "viewer/refresh.h"
 
 namespace bwp {
@@ -93,12 +94,26 @@ void Search::FindClicked(ViewState& state, const Services& services, const Searc
   state.FieldTyping = false;
 }
 
+// What the search holds of the file may have been edited since it was read. In front of the file's first byte
+// it holds blanks.
+void Search::RereadHeld(const ViewFile& file) {
+  const std::int64_t held =
+      funzioni::MinOf({static_cast<std::int64_t>(found_.text.View().size()), position_});
+  std::int64_t place = position_ - held;
+  ViewFileSource source(file, place);
+  found_.text.RereadEnd(source, static_cast<std::size_t>(held));
+}
+
 // The 1-based position of the next match, or -1.
 std::int64_t Search::FindNext(const ViewState& state, Progress& progress, const std::string& term,
                               bool NoCase) {
   if (state.FLen == 0) return -1;
   const bool restart = NewSearch || startOver_ || openings_ != state.openings;
-  if (restart) position_ = 0;
+  if (restart) {
+    position_ = 0;
+  } else {
+    RereadHeld(state.file);
+  }
   startOver_ = false;
   openings_ = state.openings;
   ViewFileSource source(state.file, position_);

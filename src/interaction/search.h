@@ -10,8 +10,8 @@
 namespace bwp {
 
 /// The search of the open file: finds the term, shows the page that holds it and colours its bytes. Each
-/// further search goes on after the hit, until the term is edited; after the last hit it starts over. The
-/// main form owns the one instance.
+/// further search goes on after the hit, in what the file holds by then, until the term is edited; after the
+/// last hit it starts over. The main form owns the one instance.
 class Search {
  public:
   /// The block is what one step of the search reads.
@@ -32,6 +32,7 @@ class Search {
   bool NewSearch = true;  ///< The term was edited since the last search.
 
  private:
+  void RereadHeld(const ViewFile& file);
   std::int64_t FindNext(const ViewState& state, Progress& progress, const std::string& term, bool NoCase);
 
   std::int64_t block_;
