@@ -196,7 +196,7 @@ void MainForm::dragEnterEvent(QDragEnterEvent* event) {
 void MainForm::dropEvent(QDropEvent* event) {
   if (!MayOperate()) return;
   if (const std::optional<std::string> path = AcceptFile(*event)) {
-    OpenAndShow(state_, *this, notices_, *path);
+    Operate([&] { OpenAndShow(state_, *this, notices_, *path); });
   }
 }
 

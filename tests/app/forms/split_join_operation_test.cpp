@@ -72,9 +72,12 @@ class SplitJoinOperation : public bwp::test::MainFormTest {
     QTest::qWait(1);
   }
 
+  // The toolkit delivers a drop only to a widget that was entered first.
   void Drop(const std::string& path) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form.get(), &enter);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(form.get(), &drop);
   }
@@ -175,6 +178,25 @@ TEST_F(SplitJoinOperation, ASplitThatIsConfirmedDuringAnotherCommandsMessageWait
   EXPECT_EQ(boxes.Lines(),
             (Lines{"[Bytewarp] Insert Successful", "[Bytewarp] Split successfully completed"}));
   EXPECT_EQ(ReadFile(folder / "part.003"), PatternBytes(1000).substr(800));
+}
+
+TEST_F(SplitJoinOperation, ASplitThatIsConfirmedDuringADropsMessageWaitsUntilItWasRead) {
+  StartInItsFolder(1000);
+  AskToSplit();
+  const std::string large = folder.Write("large", "");
+  std::filesystem::resize_file(large, std::uintmax_t{2'147'483'648});
+  AnswerBoxes boxes;
+  boxes.onBox = [&](QMessageBox&) {
+    if (boxes.Seen().size() > 1) return;
+    Confirm();
+    QTest::qWait(100);
+    EXPECT_FALSE(PartsExist());
+  };
+  Drop(large);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.Seen().size() == 2; }));
+  EXPECT_EQ(boxes.Lines(), (Lines{"[Error !] File is too large (the limit is 2.147.483.647 bytes) (x)",
+                                  "[Bytewarp] Split successfully completed"}));
+  EXPECT_EQ(ReadFile(folder / "part.001"), PatternBytes(1000).substr(600));
 }
 
 }  // namespace
