@@ -79,7 +79,6 @@ void SplitPlan::Agggraph() {
   fields_.NChunk = std::to_string(parts_);
   fields_.UDCh = parts_;
   fields_.Sly = partSize_;
-  ForgetOtherPreset();
 }
 
 // The list names a medium only while the part size is that medium's, or the whole of a shorter file.
@@ -156,11 +155,12 @@ void SplitPlan::ChoosePreset(int index) {
   Agggraph();
 }
 
-// The part size and its hexadecimal twin follow the decimal field.
+// The part size follows the decimal field, and with it the hexadecimal twin and the preset.
 void SplitPlan::WriteDecimalSize(std::string text) {
   fields_.DChsize = std::move(text);
   partSize_ = funzioni::ParseDecimal(fields_.DChsize);
   fields_.HCHsize = HexSize(partSize_);
+  ForgetOtherPreset();
 }
 
 std::int64_t SplitPlan::InsideFile(std::int64_t size) const {

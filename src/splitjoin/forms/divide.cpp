@@ -281,7 +281,6 @@ void Divide::ShowPlan() {
     const QSignalBlocker quietArrows(UDCh_);
     Sly_->setValue(static_cast<int>(plan_.Fields().Sly));
     UDCh_->setValue(static_cast<int>(plan_.Fields().UDCh));
-    Preset_->setCurrentIndex(plan_.Fields().Preset);
   }
   Sly_->update();
   setWindowTitle(FromCodePage(plan_.Title()));
@@ -295,6 +294,7 @@ void Divide::ShowFields() {
   Write(*HCHsize_, fields.HCHsize);
   Write(*Dlast_, fields.Dlast);
   Write(*Hlast_, fields.Hlast);
+  Preset_->setCurrentIndex(fields.Preset);
   Split_->setEnabled(plan_.CanSplit());
 }
 

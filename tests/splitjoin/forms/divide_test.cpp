@@ -307,6 +307,27 @@ TEST_F(Divide, ShowsNoPresetForASizeThatWasSetAnotherWay) {
   EXPECT_EQ(Text("DChsize"), "730112");
 }
 
+TEST_F(Divide, NamesNoMediumForASizeThatIsBeingTypedOrDragged) {
+  Show(2'000'000);
+  auto& preset = Find<QComboBox>("Preset");
+  const auto choose = [&preset] {
+    preset.setFocus();
+    QTest::keyClick(&preset, Qt::Key_Home);
+    ASSERT_EQ(preset.currentIndex(), 0);
+  };
+  choose();
+  QTest::keyClick(&Find<QLineEdit>("DChsize"), Qt::Key_5);
+  EXPECT_EQ(preset.currentIndex(), -1);
+  choose();
+  auto& slider = Find<QSlider>("Sly");
+  QTest::keyPress(&slider, Qt::Key_Right);
+  EXPECT_EQ(preset.currentIndex(), -1);
+  QTest::keyRelease(&slider, Qt::Key_Right);
+  choose();
+  QTest::keyClicks(&Find<QLineEdit>("HCHsize"), QStringLiteral("5"));
+  EXPECT_EQ(preset.currentIndex(), 0) << "the part size waits for Enter";
+}
+
 TEST_F(Divide, DrawsTheDivisionInItsTwoColours) {
   Enter("DChsize", "500");
   auto& division = Find<bwp::DivisionView>("Division");
