@@ -97,8 +97,9 @@ void CopyAttribute(const Files& files, const std::string& name) {
       read && Uninterrupted([&] {
                 return files.disk.SetAttribute(files.to, name.c_str(), value.data(), value.size());
               }) == 0;
+  if (done) return;
   const bool refused = errno == EPERM || errno == EACCES || errno == ENOTSUP;
-  if (!done && !(refused && !BelongsToTheUser(name))) Require(false, files);
+  Require(refused && !BelongsToTheUser(name), files);
 }
 
 std::vector<std::string> AttributeNames(const Files& files) {
