@@ -68,14 +68,12 @@ WriteStream::~WriteStream() {
 
 void WriteStream::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t written = disk_->Write(descriptor_, bytes.data(), bytes.size());
+    const ssize_t written =
+        bwp::Uninterrupted([&] { return disk_->Write(descriptor_, bytes.data(), bytes.size()); });
+    if (written < 0) throw RunTimeErrorFromErrno(errno, path_);
     // A disk that takes nothing and gives no reason is full.
     if (written == 0) throw MakeRunTimeError(bwp::kDiskFull, path_);
-    if (written > 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      throw RunTimeErrorFromErrno(errno, path_);
-    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
   }
 }
 
@@ -95,10 +93,11 @@ void WriteStream::WriteFrom(ReadStream& source, std::size_t count) {
 std::size_t WriteStream::CopyRange(ReadStream& source, std::size_t count) {
   std::size_t done = 0;
   while (rangeCopyWorks_ && done < count) {
-    const ssize_t copied = disk_->CopyRange(source.Descriptor(), descriptor_, count - done);
+    const ssize_t copied =
+        bwp::Uninterrupted([&] { return disk_->CopyRange(source.Descriptor(), descriptor_, count - done); });
     if (copied > 0) {
       done += static_cast<std::size_t>(copied);
-    } else if (copied == 0 || errno != EINTR) {
+    } else {
       rangeCopyWorks_ = false;
     }
   }
@@ -106,8 +105,8 @@ std::size_t WriteStream::CopyRange(ReadStream& source, std::size_t count) {
 }
 
 void WriteStream::Sync() {
-  while (disk_->Sync(descriptor_) != 0) {
-    if (errno != EINTR) throw RunTimeErrorFromErrno(errno, path_);
+  if (bwp::Uninterrupted([&] { return disk_->Sync(descriptor_); }) != 0) {
+    throw RunTimeErrorFromErrno(errno, path_);
   }
 }
 

@@ -14,7 +14,6 @@ namespace FileSystem {
 /// A regular file, read from its start on. Nothing but Skip moves the position without reading.
 class ReadStream {
  public:
-  ReadStream() = default;
   /// Opens the path. Throws RunTimeError; 75 for what is no regular file.
   explicit ReadStream(const std::string& path);
 
@@ -27,7 +26,6 @@ class ReadStream {
   void Skip(std::int64_t count);
   void Close() { descriptor_.Close(); }
 
-  bool IsOpen() const { return descriptor_.IsOpen(); }
   /// The file's length now, in bytes.
   std::int64_t Length() const;
   int Descriptor() const { return descriptor_.Number(); }
