@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "interaction/edit_mode.h"
+#include "support/errors.h"
 #include "support/interaction_bench.h"
 #include "viewer/refresh.h"
 #include "viewer/run_time_error.h"
@@ -117,6 +118,16 @@ TEST(WriteBack, GoesOnAfterAShortWrite) {
   std::string expected = p.bytes;
   expected.replace(700, 5, "\x01\x02\x03\x04\x05");
   EXPECT_EQ(ReadFile(p.path), expected);
+}
+
+TEST(WriteBack, ADiskThatTakesNothingAndGivesNoReasonIsAtFault) {
+  Page p(2000, 700);
+  p.Type("0102");
+  p.disk.largestWrite = 0;
+  const bwp::RunTimeError error = bwp::test::ErrorOf([&p] { WriteBackPage(p.state, p.disk); });
+  EXPECT_EQ(error.number, bwp::kDeviceError);
+  EXPECT_EQ(error.path, p.path);
+  EXPECT_EQ(ReadFile(p.path), p.bytes);
 }
 
 TEST(WriteBack, EveryFailureIsToldWithThePath) {
