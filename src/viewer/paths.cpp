@@ -13,6 +13,11 @@ bool FileExists(const std::string& path) {
   return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool FolderExists(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 std::string FolderOf(const std::string& path) {
   return path.substr(0, path.rfind(kSeparator) + 1);
 }

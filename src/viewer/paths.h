@@ -12,6 +12,9 @@ inline constexpr char kSeparator = '/';
 /// True when the path names a regular file, links followed.
 bool FileExists(const std::string& path);
 
+/// True when the path leads to a folder, links followed.
+bool FolderExists(const std::string& path);
+
 /// The folder part of a path, up to and including its last separator; empty when there is none.
 std::string FolderOf(const std::string& path);
 

@@ -1,7 +1,6 @@
 #include "viewer/run_time_error.h"
 
 #include <cerrno>
-#include <sys/stat.h>
 #include <utility>
 
 #include "viewer/paths.h"
@@ -43,16 +42,14 @@ const char* TextOf(RunTimeErrorNumber number) {
   return "";
 }
 
-bool FolderExists(const std::string& path) {
-  struct stat status = {};
-  const std::string folder = funzioni::FolderOf(path);
-  return stat(funzioni::FolderOrHere(folder).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+bool HasFolder(const std::string& path) {
+  return funzioni::FolderExists(funzioni::FolderOrHere(funzioni::FolderOf(path)));
 }
 
 RunTimeErrorNumber NumberOf(int errnoValue, const std::string& path) {
   switch (errnoValue) {
     case ENOENT:
-      return FolderExists(path) ? kFileNotFound : kPathNotFound;
+      return HasFolder(path) ? kFileNotFound : kPathNotFound;
     case ENOTDIR:
       return kPathNotFound;
     case EEXIST:

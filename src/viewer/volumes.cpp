@@ -5,7 +5,6 @@
 #include <fstream>
 #include <iterator>
 #include <sstream>
-#include <sys/stat.h>
 
 #include "viewer/paths.h"
 
@@ -61,11 +60,6 @@ bool LiesIn(std::string_view path, std::string_view folder) {
   return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
-bool IsFolder(const std::string& path) {
-  struct stat status = {};
-  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
 bool HoldsFiles(const Mount& mount) {
   const auto holds = [&mount](std::string_view place) { return LiesIn(mount.point, place); };
   if (std::find(kMadeUp.begin(), kMadeUp.end(), mount.type) != kMadeUp.end()) return false;
@@ -73,7 +67,7 @@ bool HoldsFiles(const Mount& mount) {
   if (mount.type == "tmpfs" && LiesIn(mount.point, "/run")) return false;
   // Only a part of a volume can be mounted over a single file. Whole volumes need no check, which would block
   // the program on a network volume whose server is down.
-  return mount.root == "/" || IsFolder(mount.point);
+  return mount.root == "/" || funzioni::FolderExists(mount.point);
 }
 
 }  // namespace

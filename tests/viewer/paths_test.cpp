@@ -57,6 +57,15 @@ TEST(Paths, ACommandLinePathLosesItsQuotes) {
   EXPECT_EQ(funzioni::CommandLinePath(""), "");
 }
 
+TEST(FolderExists, IsTrueForAFolderAndALinkToOne) {
+  const bwp::test::TempFolder folder;
+  EXPECT_TRUE(funzioni::FolderExists(folder.Path()));
+  EXPECT_FALSE(funzioni::FolderExists(folder.Write("file", "x")));
+  EXPECT_FALSE(funzioni::FolderExists(folder / "missing"));
+  ASSERT_EQ(symlink(".", (folder / "link").c_str()), 0);
+  EXPECT_TRUE(funzioni::FolderExists(folder / "link"));
+}
+
 TEST(FileExists, IsTrueForRegularFilesAlone) {
   const bwp::test::TempFolder folder;
   const std::string file = folder.Write("file \xFF", "x");
