@@ -37,14 +37,13 @@ std::string WriteTo(const std::string& folder, const std::string& bytes, const D
   return file.Path();
 }
 
-// The note says why the first folder took nothing.
-BufferRescue Rescue(const std::string& bytes, const Disk& disk) {
+// When no folder takes the bytes, this tells why the first one did not.
+std::string Rescue(const std::string& bytes, const Disk& disk) {
   std::string reason;
   for (const std::string& folder : Folders()) {
     std::string failure;
     try {
-      const std::string path = WriteTo(folder, bytes, disk);
-      return {path, "The bytes that were cut into the Buffer are kept in " + path};
+      return "The bytes that were cut into the Buffer are kept in " + WriteTo(folder, bytes, disk);
     } catch (const RunTimeError& error) {
       failure = error.text + ": " + error.path;
     } catch (const std::exception& error) {
@@ -52,18 +51,18 @@ BufferRescue Rescue(const std::string& bytes, const Disk& disk) {
     }
     if (reason.empty()) reason = failure;
   }
-  return {{}, kLost + (" (" + reason + ")")};
+  return kLost + (" (" + reason + ")");
 }
 
 }  // namespace
 
-BufferRescue RescueBuffer(const ViewState& state, const Disk& disk) noexcept {
+std::string RescueBuffer(const ViewState& state, const Disk& disk) noexcept {
   if (!state.BufferIsCut || state.BufferData.empty()) return {};
   try {
     try {
       return Rescue(state.BufferData, disk);
     } catch (const std::exception&) {
-      return {{}, kLost};
+      return kLost;
     }
   } catch (const std::exception&) {
     // Not even memory for the sentence is left: the report goes out without it.

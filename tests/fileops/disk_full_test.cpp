@@ -125,11 +125,11 @@ TEST(DiskFull, DoesNotKeepCutBytesFromTheirRescue) {
     bwp::test::MountMemory(tiny.Path(), kTiny);
     const ScopedVariable there("TMPDIR", tiny.Path().c_str());
     bwp::test::MountOnto(home.Path(), "/var/tmp");
-    const bwp::BufferRescue rescue = RescueBuffer(place.state, place.services.disk);
+    const std::string note = bwp::RescueBuffer(place.state, place.services.disk);
     EXPECT_EQ(tiny.Names(), Names{});
     ASSERT_EQ(home.Names().size(), 1U);
-    EXPECT_EQ(rescue.path, "/var/tmp/" + home.Names().front());
-    EXPECT_TRUE(ReadFile(rescue.path) == place.state.BufferData);
+    EXPECT_EQ(note, "The bytes that were cut into the Buffer are kept in /var/tmp/" + home.Names().front());
+    EXPECT_TRUE(ReadFile(home / home.Names().front()) == place.state.BufferData);
   });
 }
 

@@ -1,5 +1,6 @@
 #include "fileops/rescue_buffer.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -12,7 +13,6 @@
 
 namespace {
 
-using bwp::BufferRescue;
 using bwp::RescueBuffer;
 using bwp::test::FailingDisk;
 using bwp::test::Fault;
@@ -22,16 +22,22 @@ using bwp::test::TempFolder;
 using bwp::test::Workplace;
 using Names = std::vector<std::string>;
 
+// The path that the sentence ends in.
+std::string PathIn(const std::string& note) {
+  const std::string before = "The bytes that were cut into the Buffer are kept in ";
+  EXPECT_TRUE(note.starts_with(before)) << note;
+  return note.substr(std::min(before.size(), note.size()));
+}
+
 TEST(RescueBuffer, WritesCutBytesBesideTheTemporaryFileForTheUserAlone) {
   Workplace place("0123456789");
   place.Mark(3, 5);
   CutChunk(place.state, place.services);
-  const BufferRescue rescue = RescueBuffer(place.state, place.services.disk);
-  EXPECT_EQ(rescue.path.find(place.temporary / "bytewarp-buffer-"), 0U) << rescue.path;
-  EXPECT_EQ(ReadFile(rescue.path), "345");
-  EXPECT_EQ(rescue.note, "The bytes that were cut into the Buffer are kept in " + rescue.path);
+  const std::string path = PathIn(RescueBuffer(place.state, place.services.disk));
+  EXPECT_TRUE(path.starts_with(place.temporary / "bytewarp-buffer-")) << path;
+  EXPECT_EQ(ReadFile(path), "345");
   struct stat status = {};
-  ASSERT_EQ(stat(rescue.path.c_str(), &status), 0);
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 07777U, 0600U);
 }
 
@@ -45,11 +51,9 @@ TEST(RescueBuffer, NeverWritesOverAnEarlierRescue) {
 
 TEST(RescueBuffer, HasNothingToDoForAnEmptyOrACopiedBuffer) {
   Workplace place("0123456789");
-  EXPECT_EQ(RescueBuffer(place.state, place.services.disk).note, "");
+  EXPECT_EQ(RescueBuffer(place.state, place.services.disk), "");
   CopyChunk(place.state, place.services);
-  const BufferRescue rescue = RescueBuffer(place.state, place.services.disk);
-  EXPECT_EQ(rescue.path, "");
-  EXPECT_EQ(rescue.note, "");
+  EXPECT_EQ(RescueBuffer(place.state, place.services.disk), "");
   EXPECT_EQ(place.temporary.Names(), Names{});
 }
 
@@ -62,10 +66,10 @@ TEST(RescueBuffer, GoesHomeWhenNoOtherFolderTakesTheBytes) {
   // The missing folder takes the first call by itself.
   FailingDisk disk;
   disk.FailAt(2, Fault::kNoPermission);
-  const BufferRescue rescue = RescueBuffer(place.state, disk);
+  const std::string path = PathIn(RescueBuffer(place.state, disk));
   ASSERT_EQ(home.Names().size(), 1U);
-  EXPECT_EQ(rescue.path, home / home.Names().front());
-  EXPECT_EQ(ReadFile(rescue.path), "0123456789");
+  EXPECT_EQ(path, home / home.Names().front());
+  EXPECT_EQ(ReadFile(path), "0123456789");
 }
 
 // A disk that takes nothing at all.
@@ -93,29 +97,28 @@ class FailingLibrary : public bwp::Disk {
 TEST(RescueBuffer, SaysWhyWhenThereIsNoWay) {
   Workplace place("0123456789");
   CutChunk(place.state, place.services);
-  const BufferRescue rescue = RescueBuffer(place.state, DeadDisk());
-  EXPECT_EQ(rescue.path, "");
-  EXPECT_EQ(rescue.note.find("The bytes that were cut into the Buffer could not be kept (Device I/O error: " +
-                             place.temporary.Path()),
-            0U)
-      << rescue.note;
+  const std::string note = RescueBuffer(place.state, DeadDisk());
+  EXPECT_TRUE(
+      note.starts_with("The bytes that were cut into the Buffer could not be kept (Device I/O error: " +
+                       place.temporary.Path()))
+      << note;
 }
 
 TEST(RescueBuffer, TriesTheNextFolderAlsoAfterAnErrorThatIsNotTheDisks) {
   const TempFolder home;
   Workplace place("0123456789");
   CutChunk(place.state, place.services);
-  const BufferRescue rescue = RescueBuffer(place.state, FailingLibrary(place.temporary.Path()));
-  EXPECT_EQ(rescue.path.find("/var/tmp/bytewarp-buffer-"), 0U) << rescue.path;
-  EXPECT_EQ(ReadFile(rescue.path), "0123456789");
-  std::filesystem::remove(rescue.path);
+  const std::string path = PathIn(RescueBuffer(place.state, FailingLibrary(place.temporary.Path())));
+  EXPECT_TRUE(path.starts_with("/var/tmp/bytewarp-buffer-")) << path;
+  EXPECT_EQ(ReadFile(path), "0123456789");
+  std::filesystem::remove(path);
 }
 
 TEST(RescueBuffer, SaysThatTheBytesAreLostWhateverTheReason) {
   Workplace place("0123456789");
   CutChunk(place.state, place.services);
-  const BufferRescue rescue = RescueBuffer(place.state, FailingLibrary("/"));
-  EXPECT_EQ(rescue.note, "The bytes that were cut into the Buffer could not be kept (no random numbers)");
+  EXPECT_EQ(RescueBuffer(place.state, FailingLibrary("/")),
+            "The bytes that were cut into the Buffer could not be kept (no random numbers)");
 }
 
 // Notes which files and folders were waited for.
@@ -135,9 +138,9 @@ TEST(RescueBuffer, WaitsForTheFileThenForItsFolder) {
   Workplace place("0123456789");
   CutChunk(place.state, place.services);
   const SyncWatch disk;
-  const BufferRescue rescue = RescueBuffer(place.state, disk);
-  EXPECT_EQ(disk.synced, (std::vector{bwp::IdentityOf(rescue.path).value(),
-                                      bwp::IdentityOf(place.temporary.Path()).value()}));
+  const std::string path = PathIn(RescueBuffer(place.state, disk));
+  EXPECT_EQ(disk.synced,
+            (std::vector{bwp::IdentityOf(path).value(), bwp::IdentityOf(place.temporary.Path()).value()}));
 }
 
 TEST(RescueBuffer, LosesNothingToASingleFault) {
@@ -149,10 +152,10 @@ TEST(RescueBuffer, LosesNothingToASingleFault) {
       CutChunk(place.state, place.services);
       FailingDisk disk;
       disk.FailAt(number, fault);
-      const BufferRescue rescue = RescueBuffer(place.state, disk);
-      EXPECT_EQ(ReadFile(rescue.path), "0123456789");
+      const std::string path = PathIn(RescueBuffer(place.state, disk));
+      EXPECT_EQ(ReadFile(path), "0123456789");
       EXPECT_LE(place.temporary.Names().size(), 1U);
-      if (!rescue.path.starts_with(place.temporary.Path())) remove(rescue.path.c_str());
+      if (!path.starts_with(place.temporary.Path())) remove(path.c_str());
       if (disk.Failed().empty()) break;
     }
   }

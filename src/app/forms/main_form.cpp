@@ -98,7 +98,7 @@ void MainForm::Start(const std::string& commandLine) {
 }
 
 std::string MainForm::RescueBuffer() const {
-  return bwp::RescueBuffer(state_, disk_).note;
+  return bwp::RescueBuffer(state_, disk_);
 }
 
 void MainForm::ShowLoader() {
