@@ -1,6 +1,7 @@
 #include "splitjoin/forms/fjoin.h"
 
 #include <algorithm>
+#include <limits>
 
 #include <QItemSelectionModel>
 #include <QKeyEvent>
@@ -23,6 +24,8 @@ Fjoin::Fjoin(ViewState& state, Notices& notices, SplitJoinJob& job, QWidget* par
   setWindowTitle(QStringLiteral("Join files"));
   QPushButton& help = AddButton(QStringLiteral("HelpSJ"), QStringLiteral("Help"));
   AddCancel();
+  // What the box cuts off would silently be left out of the join.
+  Ftext_.setMaxLength(std::numeric_limits<int>::max());
   Lists().Files().installEventFilter(this);
 
   connect(&Lists(), &FileLists::FilePicked, this, [this](int row, const std::string&) { Pick(row); });

@@ -153,6 +153,24 @@ TEST_F(Fjoin, JoinsTheNamesThatAreShownAlsoWhenOneIsGone) {
   EXPECT_FALSE(Told("Join successful"));
 }
 
+TEST_F(Fjoin, ShowsEveryNameOfALongList) {
+  std::string expected;
+  for (int i = 100; i < 240; ++i) {
+    const std::string name = std::to_string(i) + std::string(250, 'x');
+    folder_.Write(name, "x");
+    expected += '"' + name + "\" ";
+  }
+  Press("Divide", "Join");
+  QAbstractItemView& files = Files("Fjoin");
+  for (int row = 0; row < files.model()->rowCount(); ++row) {
+    const QModelIndex index = files.model()->index(row, 0);
+    files.scrollTo(index);
+    QTest::mouseClick(files.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      files.visualRect(index).center());
+  }
+  EXPECT_EQ(Names(), expected);
+}
+
 TEST_F(Fjoin, JoinsConsecutiveFilesFromTheOneThatIsDoubleClicked) {
   for (const char* name : {"x.005", "x.006", "y"}) folder_.Write(name, name);
   folder_.Write("all", "old");
