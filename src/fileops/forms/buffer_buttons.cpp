@@ -3,14 +3,14 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "viewer/forms/widgets.h"
+
 namespace bwp {
 namespace {
 
 QPushButton* AddButton(QHBoxLayout& row, const QString& name, const QString& caption, const QString& tip) {
   auto* const button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setAccessibleName(tip);
+  Name(*button, name, tip, tip);
   row.addWidget(button);
   return button;
 }

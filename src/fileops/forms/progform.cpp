@@ -8,6 +8,7 @@
 
 #include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
@@ -27,16 +28,14 @@ Progform::Progform(QWidget* parent)
   // A short operation is over before the window manager has moved the focus here and back; halfway, the
   // toolkit would lose it. It stays where it was, and the barrier brings the keys here.
   setAttribute(Qt::WA_ShowWithoutActivating);
-  bar_->setObjectName(QStringLiteral("Bar"));
-  bar_->setAccessibleName(QStringLiteral("Progress"));
+  Name(*bar_, QStringLiteral("Bar"), QStringLiteral("Progress"));
   bar_->setRange(0, 100);
   bar_->setValue(0);
   lab_->setObjectName(QStringLiteral("Lab"));
   // So that lines below each other line up.
   lab_->setFont(CellFont());
   auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-  cancel->setObjectName(QStringLiteral("Cancel"));
-  cancel->setAccessibleName(QStringLiteral("Cancel"));
+  Name(*cancel, QStringLiteral("Cancel"), QStringLiteral("Cancel"));
   // An Enter that is still held down from starting the operation must not end it.
   cancel->setAutoDefault(false);
   cancel->setFocus();

@@ -10,6 +10,7 @@
 #include "viewer/forms/decimal_box.h"
 #include "viewer/forms/keys.h"
 #include "viewer/forms/offset_box.h"
+#include "viewer/forms/widgets.h"
 #include "viewer/position_entry.h"
 
 namespace bwp {
@@ -17,9 +18,7 @@ namespace {
 
 QPushButton* MakeGotoButton(const QString& name, const QString& toolTip, QWidget* parent) {
   auto* const button = new QPushButton(QStringLiteral("Goto"), parent);
-  button->setObjectName(name);
-  button->setAccessibleName(toolTip);
-  button->setToolTip(toolTip);
+  Name(*button, name, toolTip, toolTip);
   return button;
 }
 

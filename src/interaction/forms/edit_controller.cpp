@@ -12,6 +12,7 @@
 #include "interaction/write_back.h"
 #include "viewer/forms/keys.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 #include "viewer/refresh.h"
 
 namespace bwp {
@@ -27,11 +28,9 @@ std::uint8_t CharacterOf(const QKeyEvent& event) {
   return code >= ' ' ? code : std::uint8_t{0};
 }
 
-QPushButton* MakeButton(const QString& name, const QString& caption, const QString& accessibleName,
-                        QWidget* parent) {
+QPushButton* MakeButton(const QString& name, const QString& caption, const QString& spoken, QWidget* parent) {
   auto* const button = new QPushButton(caption, parent);
-  button->setObjectName(name);
-  button->setAccessibleName(accessibleName);
+  Name(*button, name, spoken);
   return button;
 }
 

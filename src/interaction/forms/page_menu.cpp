@@ -7,13 +7,13 @@
 
 #include "interaction/edit_mode.h"
 #include "interaction/forms/control_switch.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 
 PageMenu::PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget& window)
     : state_(state), tabe_(tabe), window_(window), popmark_(new QMenu(&window)) {
-  popmark_->setObjectName(QStringLiteral("popmark"));
-  popmark_->setAccessibleName(QStringLiteral("Marks"));
+  Name(*popmark_, QStringLiteral("popmark"), QStringLiteral("Marks"));
   connect(AddEntry(QStringLiteral("popmstart"), QStringLiteral("Mark Start")), &QAction::triggered, this,
           [this, &display] { MarkStartAt(state_, display, cell_); });
   connect(AddEntry(QStringLiteral("popmend"), QStringLiteral("Mark End")), &QAction::triggered, this,

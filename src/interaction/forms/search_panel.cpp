@@ -9,6 +9,7 @@
 
 #include "interaction/forms/term_field.h"
 #include "viewer/forms/text_conversion.h"
+#include "viewer/forms/widgets.h"
 #include "viewer/position_entry.h"
 
 namespace bwp {
@@ -25,13 +26,10 @@ SearchPanel::SearchPanel(ViewState& state, const Services& services, QWidget* pa
       Dtext_(new TermField(QStringLiteral("Dtext"),
                            QStringLiteral("Type in DEC bytes to search separated by spaces"), this)),
       NoCase_(new QCheckBox(QStringLiteral("Not Sensitive"), this)) {
-  Find->setObjectName(QStringLiteral("Find"));
-  Find->setToolTip(QStringLiteral("Find Data in the file"));
-  Find->setAccessibleName(Find->toolTip());
-  NoCase_->setObjectName(QStringLiteral("NoCase"));
-  NoCase_->setToolTip(
-      QStringLiteral("Uncheck to perform search CASE SENSITIVE, it affects also HEX and DEC searches"));
-  NoCase_->setAccessibleName(QStringLiteral("Not case sensitive"));
+  Name(*Find, QStringLiteral("Find"), QStringLiteral("Find Data in the file"),
+       QStringLiteral("Find Data in the file"));
+  Name(*NoCase_, QStringLiteral("NoCase"), QStringLiteral("Not case sensitive"),
+       QStringLiteral("Uncheck to perform search CASE SENSITIVE, it affects also HEX and DEC searches"));
 
   ConnectText();
   ConnectNumbers(*Htext_, Source::kHtext);

@@ -7,6 +7,7 @@
 
 #include "viewer/forms/cell_geometry.h"
 #include "viewer/forms/keys.h"
+#include "viewer/forms/widgets.h"
 
 namespace bwp {
 namespace {
@@ -25,9 +26,7 @@ bool IsTyping(const QKeyEvent& event) {
 }  // namespace
 
 TermField::TermField(const QString& name, const QString& toolTip, QWidget* parent) : QLineEdit(parent) {
-  setObjectName(name);
-  setAccessibleName(toolTip);
-  setToolTip(toolTip);
+  Name(*this, name, toolTip, toolTip);
   setFont(CellFont());
   setMaxLength(kLongestText);
   connect(this, &QLineEdit::textChanged, this, [this] {

@@ -30,9 +30,7 @@ constexpr int kFirstHeight = 330;
 
 QLineEdit* NumberField(QWidget* form, const char* name, const char* spoken, const QString& tip) {
   auto* const field = new QLineEdit(form);
-  field->setObjectName(QLatin1String(name));
-  field->setAccessibleName(QLatin1String(spoken));
-  field->setToolTip(tip);
+  Name(*field, QLatin1String(name), QLatin1String(spoken), tip);
   field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   field->setAlignment(Qt::AlignRight);
   return field;
@@ -40,8 +38,7 @@ QLineEdit* NumberField(QWidget* form, const char* name, const char* spoken, cons
 
 QPushButton* Button(QWidget* form, const char* name) {
   auto* const button = new QPushButton(QLatin1String(name), form);
-  button->setObjectName(QLatin1String(name));
-  button->setAccessibleName(QLatin1String(name));
+  Name(*button, QLatin1String(name), QLatin1String(name));
   // Enter is for the fields.
   button->setAutoDefault(false);
   return button;
@@ -92,18 +89,15 @@ Divide::Divide(SplitPlan& plan, QWidget* parent) : QDialog(parent), plan_(plan) 
 
 void Divide::MakeControls() {
   division_ = new DivisionView(this);
-  division_->setObjectName(QStringLiteral("Division"));
-  division_->setAccessibleName(QStringLiteral("Division of the file into parts"));
+  Name(*division_, QStringLiteral("Division"), QStringLiteral("Division of the file into parts"));
   Sly_ = new QSlider(Qt::Horizontal, this);
-  Sly_->setObjectName(QStringLiteral("Sly"));
-  Sly_->setAccessibleName(QStringLiteral("Part size"));
-  Sly_->setToolTip(QStringLiteral("Drag to select part size, the graphic shows the division"));
+  Name(*Sly_, QStringLiteral("Sly"), QStringLiteral("Part size"),
+       QStringLiteral("Drag to select part size, the graphic shows the division"));
   Sly_->installEventFilter(this);
   MakeNumberFields();
   Preset_ = new QComboBox(this);
-  Preset_->setObjectName(QStringLiteral("Preset"));
-  Preset_->setAccessibleName(QStringLiteral("Preset part sizes"));
-  Preset_->setToolTip(QStringLiteral("Presets of some useful partsizes"));
+  Name(*Preset_, QStringLiteral("Preset"), QStringLiteral("Preset part sizes"),
+       QStringLiteral("Presets of some useful partsizes"));
   Preset_->setPlaceholderText(QStringLiteral("Choose a medium"));
   for (const SizePreset& preset : kSizePresets) {
     Preset_->addItem(QLatin1String(preset.name), QVariant::fromValue<qlonglong>(preset.bytes));
@@ -121,9 +115,8 @@ void Divide::MakeNumberFields() {
   NChunk_ =
       NumberField(this, "NChunk", "Number of parts", QStringLiteral("Select the desired number of parts"));
   UDCh_ = new UpDown(this);
-  UDCh_->setObjectName(QStringLiteral("UDCh"));
-  UDCh_->setAccessibleName(QStringLiteral("Number of parts, one more or less"));
-  UDCh_->setToolTip(QStringLiteral("Click to select the number of parts"));
+  Name(*UDCh_, QStringLiteral("UDCh"), QStringLiteral("Number of parts, one more or less"),
+       QStringLiteral("Click to select the number of parts"));
   const QString lastTip = QStringLiteral("Shows the size of the last part (%1)");
   Dlast_ = NumberField(this, "Dlast", "Size of the last part, decimal", lastTip.arg(QStringLiteral("DEC")));
   Hlast_ =

@@ -22,8 +22,7 @@ Helpsplit::Helpsplit(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("Helpsplit"));
   setWindowTitle(QStringLiteral("Split and Join Help"));
   auto* const text = new QTextEdit(this);
-  text->setObjectName(QStringLiteral("HelpText"));
-  text->setAccessibleName(QStringLiteral("Help on split and join"));
+  Name(*text, QStringLiteral("HelpText"), QStringLiteral("Help on split and join"));
   // The columns of the text only line up in a fixed-width font.
   text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text->setLineWrapMode(QTextEdit::NoWrap);
