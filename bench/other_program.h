@@ -9,8 +9,6 @@
 #include <unistd.h>
 #include <vector>
 
-extern char** environ;
-
 namespace bench {
 
 /// Runs a program of the system to its end. Its output goes to that file or, if none is named, nowhere.
@@ -19,6 +17,7 @@ inline int RunProgram(std::vector<std::string> words, const std::string& output 
   // Not the null device: grep would notice and stop at the first match.
   const std::string file = output.empty() ? "/var/tmp/bytewarp-bench-output" : output;
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

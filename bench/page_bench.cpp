@@ -53,7 +53,7 @@ void ShowPage(benchmark::State& run, bool hex) {
   bwp::OpenViewFile(state, file.Path());
   QImage target = TargetFor(*table.viewport(), static_cast<int>(run.range(0)));
   TableDisplay display(table, target);
-  for (auto _ : run) {
+  for ([[maybe_unused]] auto _ : run) {
     state.SWStart = (state.SWStart + 16 * 37) % (kFileLength - bwp::kPageBytes);
     bwp::Refresh(state, display);
   }
@@ -101,7 +101,7 @@ void BarePainter(benchmark::State& run) {
   BareView view(table, ratio);
   view.show();
   QImage target = TargetFor(view, ratio);
-  for (auto _ : run) view.render(&target);
+  for ([[maybe_unused]] auto _ : run) view.render(&target);
 }
 
 void HexPage(benchmark::State& run) {
@@ -134,15 +134,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
 
   void Finalize() override {
     for (const std::string ratio : {"1", "2"}) {
-      const Times bare = median_["BarePainter" + ratio];
-      for (const std::string base : {"Hex", "Decimal"}) {
-        const Times page = median_[base + "Page" + ratio];
-        const std::string what = base + " page, pixel ratio " + ratio;
-        bench::Row("time of a " + what + " / a bare painter", bench::Number(page.real / bare.real),
-                   bench::Number(page.processor / bare.processor), bench::AtMost(3));
-        bench::Row(what, bench::Number(page.real, " ms"), bench::Number(page.processor, " ms"),
-                   "processor 1 ms");
-      }
+      for (const std::string base : {"Hex", "Decimal"}) ReportPage(base, ratio);
     }
   }
 
@@ -150,6 +142,16 @@ class RatioReporter : public benchmark::ConsoleReporter {
   struct Times {
     double real, processor;
   };
+
+  void ReportPage(const std::string& base, const std::string& ratio) {
+    const Times bare = median_["BarePainter" + ratio];
+    const Times page = median_[base + "Page" + ratio];
+    const std::string what = base + " page, pixel ratio " + ratio;
+    bench::Row("time of a " + what + " / a bare painter", bench::Number(page.real / bare.real),
+               bench::Number(page.processor / bare.processor), bench::AtMost(3));
+    bench::Row(what, bench::Number(page.real, " ms"), bench::Number(page.processor, " ms"), "processor 1 ms");
+  }
+
   std::map<std::string, Times> median_;
 };
 

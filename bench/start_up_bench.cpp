@@ -33,16 +33,15 @@ class EndAfterPaint : public QObject {
   explicit EndAfterPaint(QWidget& widget) { widget.installEventFilter(this); }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) {
-      QMetaObject::invokeMethod(
-          this,
-          [] {
-            const char painted = 1;
-            std::_Exit(write(kPaintedDescriptor, &painted, 1) == 1 ? 0 : 1);
-          },
-          Qt::QueuedConnection);
-    }
+    if (event->type() == QEvent::Paint) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     return false;
+  }
+
+ protected:
+  // Once the painting is over.
+  void customEvent(QEvent* /*event*/) override {
+    const char painted = 1;
+    std::_Exit(write(kPaintedDescriptor, &painted, 1) == 1 ? 0 : 1);
   }
 };
 
