@@ -13,8 +13,6 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "splitjoin/forms/division_view.h"
-
 namespace {
 
 class Divide : public testing::Test {
@@ -326,22 +324,6 @@ TEST_F(Divide, NamesNoMediumForASizeThatIsBeingTypedOrDragged) {
   choose();
   QTest::keyClicks(&Find<QLineEdit>("HCHsize"), QStringLiteral("5"));
   EXPECT_EQ(preset.currentIndex(), 0) << "the part size waits for Enter";
-}
-
-TEST_F(Divide, DrawsTheDivisionInItsTwoColours) {
-  Enter("DChsize", "500");
-  auto& division = Find<bwp::DivisionView>("Division");
-  const QImage image = division.grab().toImage();
-  const int middle = image.height() / 2;
-  EXPECT_EQ(image.pixelColor(image.width() / 4, middle), QColor(0, 255, 0));
-  EXPECT_EQ(image.pixelColor(3 * image.width() / 4, middle), QColor(0, 0, 255));
-  EXPECT_EQ(image.pixel(0, middle), division.palette().color(QPalette::Mid).rgb());
-  Enter("DChsize", "1");
-  EXPECT_EQ(Text("NChunk"), "1000");
-  Show(2002);
-  Enter("DChsize", "2");
-  const QImage filled = division.grab().toImage();
-  EXPECT_EQ(filled.pixelColor(3 * image.width() / 4, middle), QColor(0, 255, 0)) << "1001 parts";
 }
 
 TEST_F(Divide, KeepsItsSmallestSizeAndFitsSliderAndFrame) {
