@@ -15,7 +15,9 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "interaction/keyboard_navigation.h"
 #include "support/forms/interaction_window.h"
+#include "support/interaction_bench.h"
 #include "support/recorders.h"
 #include "viewer/refresh.h"
 
@@ -51,16 +53,15 @@ struct Panel : FileWindow {
   }
   void ClickFind() { QTest::mouseClick(panel->Find, Qt::LeftButton); }
   /// The key that started a search comes up, as the form sees it.
-  void KeyUp() {
-    if (state.ForceRefresh) state.FieldTyping = false;
-    state.ForceRefresh = false;
-  }
+  void KeyUp() { keys.KeyUp(); }
 
   bwp::test::Transcript transcript;
   bwp::test::RecordedNotices notices{transcript};
   bwp::test::RecordedProgress progress{transcript};
   bwp::Disk disk;
   bwp::Services services{display, progress, notices, disk};
+  bwp::test::RecordedTimer timer;
+  bwp::KeyboardNavigation keys{state, display, timer};
   SearchPanel* panel;
   QLineEdit* Atext;
   QLineEdit* Htext;
@@ -279,7 +280,9 @@ TEST(SearchRun, EnterStartsAtTheBeginningAgain) {
   EXPECT_EQ(p.state.SWStart, 2002);
   p.Atext->setFocus();
   QTest::keyClick(p.Atext, Qt::Key_Return);
+  EXPECT_TRUE(p.state.FieldTyping);
   p.KeyUp();
+  EXPECT_FALSE(p.state.FieldTyping);
   EXPECT_EQ(p.state.SWStart, 1000);
 }
 
