@@ -61,7 +61,7 @@ TEST(Save, ChunkSavesTheMarkedBytesAndKeepsTheFileOpen) {
   EXPECT_EQ(place.state.OpenFile, open);
 }
 
-TEST(Save, ChunkOfOneByte) {
+TEST(Save, ChunkOfOneByteSavesThatByte) {
   SavePlace place("0123456789");
   place.Mark(9, 9);
   place.SaveMarked("part");

@@ -114,6 +114,13 @@ TEST(EditTyping, AboveTwoHundredFiftyFiveIsCapped) {
   EXPECT_EQ(e.edit.Current(), (GridCell{0, 2}));
 }
 
+TEST(CellByte, IsAtMostTwoHundredFiftyFiveAndZeroForWhatIsNoNumber) {
+  EXPECT_EQ(bwp::CellByte("999", false), 255);
+  EXPECT_EQ(bwp::CellByte("FFF", true), 255);
+  EXPECT_EQ(bwp::CellByte("", false), 0);
+  EXPECT_EQ(bwp::CellByte("x", false), 0);
+}
+
 TEST(EditTyping, WhatIsNoDigitOfTheBaseIsIgnored) {
   Edit e(5000);
   e.edit.Enter({0, 1});

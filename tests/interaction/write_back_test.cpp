@@ -103,13 +103,6 @@ TEST(WriteBack, ACellThatWasNotFinishedCountsAsItStands) {
   EXPECT_EQ(bwp::PageBytes(p.state)[0], '\x0C');
 }
 
-TEST(WriteBack, CellsAreCappedAndWhatIsNoNumberIsZero) {
-  EXPECT_EQ(bwp::CellByte("999", false), 255);
-  EXPECT_EQ(bwp::CellByte("FFF", true), 255);
-  EXPECT_EQ(bwp::CellByte("", false), 0);
-  EXPECT_EQ(bwp::CellByte("x", false), 0);
-}
-
 TEST(WriteBack, GoesOnAfterAShortWrite) {
   Page p(2000, 700);
   p.Type("0102030405");
