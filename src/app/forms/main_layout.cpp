@@ -57,8 +57,7 @@ MainLayout::MainLayout(QMainWindow& window, ViewState& state, const Services& se
   ruler = new Ruler(centre);
   page = new PageTable(state.tabe, centre);
   scrollBar = new ScrollBarWidget(state, services.display, centre);
-  pageMenu = new PageMenu(state, services.display, *page, window);
-  pageMenu->setParent(&window);
+  auto* const pageMenu = new PageMenu(state, services.display, *page, window);
   edit = new EditController(state, services, *page, *pageMenu, window, centre);
 
   auto* const grid = new QGridLayout(centre);

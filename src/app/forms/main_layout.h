@@ -12,7 +12,6 @@ namespace bwp {
 class BufferButtons;
 class ChunkPanel;
 class EditController;
-class PageMenu;
 class PageTable;
 class PositionPanel;
 class Ruler;
@@ -27,7 +26,6 @@ struct MainLayout {
   Ruler* ruler;
   PageTable* page;
   ScrollBarWidget* scrollBar;
-  PageMenu* pageMenu;
 
   QPushButton* opn;
   EditController* edit;

@@ -12,7 +12,7 @@
 namespace bwp {
 
 PageMenu::PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget& window)
-    : state_(state), tabe_(tabe), window_(window), popmark_(new QMenu(&window)) {
+    : QObject(&window), state_(state), tabe_(tabe), window_(window), popmark_(new QMenu(&window)) {
   Name(*popmark_, QStringLiteral("popmark"), QStringLiteral("Marks"));
   connect(AddEntry(QStringLiteral("popmstart"), QStringLiteral("Mark Start")), &QAction::triggered, this,
           [this, &display] { MarkStartAt(state_, display, cell_); });

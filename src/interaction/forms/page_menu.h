@@ -14,7 +14,7 @@ class PageMenu : public QObject {
   Q_OBJECT
 
  public:
-  /// `window` is the form whose mouse is watched; the grid lies in it.
+  /// `window` is the form whose mouse is watched, and the owner; the grid lies in it.
   PageMenu(ViewState& state, Display& display, PageTable& tabe, QWidget& window);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -36,7 +36,7 @@ class PageMenu : public QObject {
   QWidget& window_;
   QMenu* popmark_;
   QAction* popedit_ = nullptr;
-  GridCell cell_;  // PopupRow and PopupCol
+  GridCell cell_;
 };
 
 /// The cell of a byte that is nearest to a place on the screen.

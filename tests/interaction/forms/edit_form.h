@@ -30,7 +30,7 @@ struct EditForm : FileWindow {
     auto* const column = new QVBoxLayout(&window);
     table = new PageTable(state.tabe, &window);
     bar = new ScrollBarWidget(state, display, &window);
-    menu = std::make_unique<PageMenu>(state, display, *table, window);
+    menu = new PageMenu(state, display, *table, window);
     controller = new EditController(state, services, *table, *menu, window, &window);
     for (QWidget* const part :
          std::initializer_list<QWidget*>{table, bar, new ChunkPanel(state, display, &window),
@@ -90,7 +90,7 @@ struct EditForm : FileWindow {
   Services services{display, progress, notices, disk};
   PageTable* table;
   ScrollBarWidget* bar;
-  std::unique_ptr<PageMenu> menu;
+  PageMenu* menu;
   EditController* controller;
   QAction* MenuExit;
   std::unique_ptr<KeyboardFilter> filter;

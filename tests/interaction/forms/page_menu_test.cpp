@@ -32,7 +32,7 @@ struct Menu : FileWindow {
     column->addWidget(button);
     column->addWidget(box);
     track->setGeometry(10, 60, 20, 300);
-    menu = std::make_unique<PageMenu>(state, display, *table, window);
+    menu = new PageMenu(state, display, *table, window);
     popmark = Find<QMenu>("popmark");
     Show();
     bwp::Refresh(state, display);
@@ -57,7 +57,7 @@ struct Menu : FileWindow {
   QPushButton* button;
   QWidget* track;
   bwp::OffsetBox* box;
-  std::unique_ptr<PageMenu> menu;
+  PageMenu* menu;
   QMenu* popmark;
 };
 
@@ -149,7 +149,7 @@ TEST(PageMenu, TheMenuKeyPointsAtThePagesFirstByte) {
 TEST(PageMenu, EditIsHandedTheCell) {
   Menu m(5000);
   bwp::GridCell seen;
-  QObject::connect(m.menu.get(), &PageMenu::EditWanted, [&](bwp::GridCell cell) { seen = cell; });
+  QObject::connect(m.menu, &PageMenu::EditWanted, [&](bwp::GridCell cell) { seen = cell; });
   m.RightPress(m.InWindow(7, 21));
   ASSERT_TRUE(m.Choose("popedit"));
   EXPECT_EQ(seen, (bwp::GridCell{7, 21}));
