@@ -117,7 +117,7 @@ void SaveChunk(const ViewState& state, const Services& services, const std::stri
   DeleteOld(state, services.disk, destination);
 
   Progress& progress = services.progress;
-  // The caption was to end in the file's name; the file being gone by now, it never had one.
+  // No name follows.
   progress.SetCaption("Saving to file ");
   progress.SetLabel("Saving from " + SignPadded(first) + " to " + SignPadded(last));
   progress.Show();

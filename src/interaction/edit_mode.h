@@ -57,7 +57,7 @@ class EditMode {
 
   ViewState& state_;
   std::unique_ptr<PageGrid> before_;  // the page as it was shown; there while the mode is on
-  GridCell current_;                  // EditRow and EditCol
+  GridCell current_;
   int DigitCount_ = 0;
   std::uint64_t openings_ = 0;  // which opening of a file the page is of
 };

@@ -29,7 +29,8 @@ class Search {
   /// What the button `Find` does.
   void FindClicked(ViewState& state, const Services& services, const SearchFields& fields, bool NoCase);
 
-  bool NewSearch = true;  ///< The term was edited since the last search.
+  /// The next search starts at the beginning: the term was edited since the last one, or nothing was found.
+  bool NewSearch = true;
 
  private:
   void RereadHeld(const ViewFile& file);

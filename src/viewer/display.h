@@ -21,7 +21,8 @@ class Display {
  public:
   virtual ~Display() = default;
 
-  /// Off: cells may change without being repainted. On: the page shows the grid's current content.
+  /// Off: cells are about to change; the program does nothing, as its page repaints only when told. On: the
+  /// page shows the grid's current content.
   virtual void SetRedraw(bool on) = 0;
   /// The thumb's top or height changed.
   virtual void MoveThumb() = 0;

@@ -25,6 +25,7 @@ Dialog::Dialog(bool& answer, QWidget* parent)
   setObjectName(QStringLiteral("Dialog"));
   setWindowTitle(QStringLiteral("Are You sure ?"));
   warning_->setObjectName(QStringLiteral("Warning"));
+  // The label's own text; Ask replaces it before the form is ever shown.
   warning_->setText(
       QStringLiteral("Warning sdfsdffd  fsdfsdfsdf fdsfsdfsd sdfsdfsdf sdfsdfsdf fsdfsdf "
                      "fsdffsdsfd fdsff"));

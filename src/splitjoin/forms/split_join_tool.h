@@ -21,7 +21,7 @@ namespace bwp {
 /// when first needed. The main form creates the tool on first use and keeps it.
 class SplitJoinTool : public QObject, private SplitJoinWindows {
  public:
-  /// The windows belong to the owner; state and services must outlive the tool.
+  /// The windows belong to the owner; the state and what the services refer to must outlive the tool.
   SplitJoinTool(ViewState& state, const Services& services, QWidget& owner);
   ~SplitJoinTool() override;
 
