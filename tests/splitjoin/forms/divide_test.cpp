@@ -8,66 +8,13 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
-#include <QStyleOptionSlider>
-#include <QStyleOptionSpinBox>
 #include <QTest>
-#include <QWheelEvent>
+
+#include "splitjoin/forms/divide_form.h"
 
 namespace {
 
-class Divide : public testing::Test {
- protected:
-  Divide() { Show(1000); }
-
-  void Show(std::int64_t fileSize) {
-    state.OpenFile = "/files/f.bin";
-    state.FLen = fileSize;
-    state.MarkStart = 0;
-    state.MarkEnd = fileSize - 1;
-    form.Start();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-  }
-  QLineEdit& Field(const char* name) { return Find<QLineEdit>(name); }
-  std::string Text(const char* name) { return Field(name).text().toStdString(); }
-  template <typename Widget>
-  Widget& Find(const char* name) {
-    return *form.findChild<Widget*>(QLatin1String(name));
-  }
-  void Type(const char* name, const char* text) {
-    Field(name).setFocus();
-    Field(name).selectAll();
-    QTest::keyClicks(&Field(name), QLatin1String(text));
-  }
-  void Enter(const char* name, const char* text) {
-    Type(name, text);
-    QTest::keyClick(&Field(name), Qt::Key_Return);
-  }
-  QPoint ThumbCentre() {
-    QSlider& sly = Find<QSlider>("Sly");
-    QStyleOptionSlider option;
-    option.initFrom(&sly);
-    option.orientation = Qt::Horizontal;
-    option.minimum = sly.minimum();
-    option.maximum = sly.maximum();
-    option.sliderPosition = sly.sliderPosition();
-    option.sliderValue = sly.value();
-    return sly.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &sly).center();
-  }
-  QImage Picture() { return Find<QWidget>("Division").grab().toImage(); }
-  void ClickArrow(QStyle::SubControl arrow) {
-    QSpinBox& upDown = Find<QSpinBox>("UDCh");
-    QStyleOptionSpinBox option;
-    option.initFrom(&upDown);
-    option.frame = true;
-    option.buttonSymbols = QAbstractSpinBox::UpDownArrows;
-    const QRect rect = upDown.style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, &upDown);
-    QTest::mouseClick(&upDown, Qt::LeftButton, {}, rect.center());
-  }
-
-  bwp::ViewState state;
-  bwp::SplitPlan plan{state};
-  bwp::Divide form{plan, nullptr};
-};
+using Divide = bwp::test::DivideForm;
 
 TEST_F(Divide, HasItsControlsUnderTheirNames) {
   EXPECT_EQ(form.objectName(), QStringLiteral("Divide"));
@@ -199,82 +146,6 @@ TEST_F(Divide, TakesAValueOfTheArrowsAsACount) {
   Find<QSpinBox>("UDCh").setProperty("value", 4);
   EXPECT_EQ(Text("NChunk"), "4");
   EXPECT_EQ(Text("DChsize"), "251");
-}
-
-TEST_F(Divide, FollowsTheThumbAndPlansWhenItIsLetGo) {
-  Enter("DChsize", "500");
-  QSlider& sly = Find<QSlider>("Sly");
-  const QImage picture = Picture();
-  const QPoint from = ThumbCentre();
-  QTest::mousePress(&sly, Qt::LeftButton, {}, from);
-  QTest::mouseMove(&sly, from - QPoint(sly.width() / 4, 0));
-  const int position = sly.value();
-  EXPECT_GT(position, 150);
-  EXPECT_LT(position, 350);
-  EXPECT_EQ(Text("DChsize"), std::to_string(position));
-  EXPECT_EQ(Text("NChunk"), "2");
-  EXPECT_EQ(Picture(), picture);
-  QTest::mouseRelease(&sly, Qt::LeftButton, {}, from - QPoint(sly.width() / 4, 0));
-  EXPECT_EQ(plan.PartSize(), position);
-  EXPECT_EQ(Text("NChunk"), std::to_string((1000 + position - 1) / position));
-  EXPECT_NE(Picture(), picture);
-}
-
-TEST_F(Divide, ShowsTheTotalOfThePlanOnlyWhenTheSliderIsLetGo) {
-  Enter("DChsize", "500");
-  state.FLen = 900;
-  QSlider& sly = Find<QSlider>("Sly");
-  sly.setFocus();
-  QTest::keyPress(&sly, Qt::Key_Left);
-  EXPECT_EQ(form.windowTitle(), QStringLiteral("Split and Join Tool - Filesize:  1000 - Verified: 1000"));
-  QTest::keyRelease(&sly, Qt::Key_Left);
-  EXPECT_EQ(form.windowTitle(), QStringLiteral("Split and Join Tool - Filesize:  900 - Verified: 900"));
-}
-
-TEST_F(Divide, PlansOnceForAKeyThatIsHeldOnTheSlider) {
-  Enter("DChsize", "500");
-  QSlider& sly = Find<QSlider>("Sly");
-  sly.setFocus();
-  QTest::keyPress(&sly, Qt::Key_Left);
-  for (int i = 0; i < 3; ++i) {
-    QTest::simulateEvent(&sly, false, Qt::Key_Left, {}, QString(), true);
-    QTest::simulateEvent(&sly, true, Qt::Key_Left, {}, QString(), true);
-  }
-  EXPECT_EQ(Text("DChsize"), "496") << "the slider goes on";
-  EXPECT_EQ(Text("NChunk"), "2");
-  QTest::keyRelease(&sly, Qt::Key_Left);
-  EXPECT_EQ(Text("NChunk"), "3");
-}
-
-TEST_F(Divide, TakesALostFocusOfTheSliderForARelease) {
-  Enter("DChsize", "500");
-  QSlider& sly = Find<QSlider>("Sly");
-  sly.setFocus();
-  QTest::keyPress(&sly, Qt::Key_Left);
-  ASSERT_EQ(Text("NChunk"), "2");
-  Field("NChunk").setFocus();
-  EXPECT_EQ(Text("NChunk"), "3");
-}
-
-TEST_F(Divide, PlansWhenAKeyIsLetGoOnTheSlider) {
-  Enter("DChsize", "500");
-  QSlider& sly = Find<QSlider>("Sly");
-  sly.setFocus();
-  QTest::keyPress(&sly, Qt::Key_Left);
-  EXPECT_EQ(Text("DChsize"), "499");
-  EXPECT_EQ(Text("NChunk"), "2");
-  QTest::keyRelease(&sly, Qt::Key_Left);
-  EXPECT_EQ(Text("NChunk"), "3");
-}
-
-TEST_F(Divide, PlansAtOnceForTheWheel) {
-  Enter("DChsize", "500");
-  QSlider& sly = Find<QSlider>("Sly");
-  const QPointF centre(sly.rect().center());
-  QWheelEvent turn(centre, sly.mapToGlobal(centre), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&sly, &turn);
-  EXPECT_LT(plan.PartSize(), 500);
-  EXPECT_EQ(Text("NChunk"), "3");
 }
 
 TEST_F(Divide, TakesAPresetFromTheList) {
