@@ -1,70 +1,19 @@
 #include "interaction/search.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
-#include "interaction/edit_mode.h"
-#include "interaction/write_back.h"
-#include "support/recorders.h"
-#include "support/temp_folder.h"
-#include "viewer/open_view_file.h"
-#include "viewer/refresh.h"
+#include "interaction/search_fixture.h"
 
 namespace {
 
-using bwp::kHitColour;
-using bwp::SearchFields;
-using bwp::test::ReadFile;
-using bwp::test::Transcript;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Search : public testing::Test {
- protected:
-  void Open(const std::string& bytes, const std::string& name = "a") {
-    OpenViewFile(state, folder.Write(name, bytes));
-    Refresh(state, display);
-    said.clear();
-  }
-
-  void Type(const std::string& text) {
-    fields.Atext = text;
-    MirrorAtext(fields);
-    search.TermTyped(state);
-  }
-
-  /// Where the search found the term, -1 when it did not.
-  std::int64_t Find(bool noCase = false) {
-    said.clear();
-    search.FindClicked(state, services, fields, noCase);
-    return state.hit.length > 0 ? state.hit.start : -1;
-  }
-
-  std::vector<int> Coloured() const {
-    std::vector<int> positions;
-    for (int position = 0; position < bwp::kPageBytes; ++position) {
-      const bool coloured = state.tabe.Background(bwp::ValueCell(position)) == kHitColour;
-      EXPECT_EQ(state.tabe.Background(bwp::CharCell(position)) == kHitColour, coloured);
-      if (coloured) positions.push_back(position);
-    }
-    return positions;
-  }
-
-  bwp::test::TempFolder folder;
-  Transcript said;
-  bwp::test::RecordedDisplay display{said};
-  bwp::test::RecordedProgress progress{said};
-  bwp::test::RecordedNotices notices{said};
-  bwp::Disk disk;
-  bwp::Services services{display, progress, notices, disk};
-  bwp::ViewState state;
-  SearchFields fields;
-  bwp::Search search;
-};
+using Search = bwp::test::SearchFixture;
 
 TEST_F(Search, ShowsItsWorkThenThePageThenTheHit) {
   Open(std::string(1000, '.') + "ab");
@@ -243,51 +192,6 @@ TEST_F(Search, StopsAtTheBlockInWhichCancelCame) {
   EXPECT_EQ(Find(), 2'000'000);
 }
 
-TEST_F(Search, StartsAnewInAnotherFile) {
-  Open("ab.ab", "a");
-  Type("ab");
-  EXPECT_EQ(Find(), 0);
-  Open("....ab", "b");
-  EXPECT_EQ(Find(), 4);
-}
-
-TEST_F(Search, StartsAnewAfterTheFileWasReopened) {
-  Open("ab.ab");
-  Type("ab");
-  EXPECT_EQ(Find(), 0);
-  EXPECT_EQ(Find(), 3);
-  ReopenViewFile(state);
-  EXPECT_EQ(Find(), 0);
-}
-
-TEST_F(Search, ShowsAFileThatAnotherProgramCutShortAsItIsNow) {
-  for (const int blocksRead : {0, 1, 2}) {
-    Open(std::string(3000, '.') + "ab" + std::string(1000, '.'));
-    search = bwp::Search(900);
-    Type("ab");
-    int round = 0;
-    progress.onEvents = [&] {
-      if (round++ == blocksRead) folder.Write("a", std::string(1000, '.') + "ab");
-    };
-    EXPECT_EQ(Find(), -1) << blocksRead;
-    progress.onEvents = nullptr;
-    EXPECT_THAT(said, Contains("tell [Error !] The file was changed by another program (x)"));
-    EXPECT_EQ(state.FLen, 1002);
-    EXPECT_THAT(Coloured(), IsEmpty());
-    EXPECT_FALSE(progress.Visible());
-    EXPECT_EQ(Find(), 1000);
-  }
-}
-
-TEST_F(Search, EndsTypingWhenTheFileWasCutShort) {
-  Open(std::string(1000, '.'));
-  Type("ab");
-  folder.Write("a", "..");
-  search.Run(state, services, fields, false);
-  EXPECT_FALSE(state.FieldTyping);
-  EXPECT_EQ(display.window.Dend, "2");
-}
-
 TEST_F(Search, GivesTheOldHitItsColoursBackFirst) {
   Open("..a.b.." + std::string(600, '.'));
   Type("a");
@@ -335,52 +239,6 @@ TEST_F(Search, LeavesTheMarksTheirColours) {
   Type("none");
   search.Run(state, services, fields, false);
   EXPECT_EQ(state.tabe.Background(bwp::ValueCell(shown)), bwp::kMarkEndColour);
-}
-
-TEST_F(Search, GoesOnInWhatTheEditedPageNowHolds) {
-  Open("ab.ab.....ab");
-  Type("ab");
-  EXPECT_EQ(Find(), 0);
-  bwp::EditMode edit(state);
-  edit.Enter({0, 4});
-  for (const char key : std::string("2E2E2E6162")) edit.TypeKey(static_cast<std::uint8_t>(key));
-  EXPECT_TRUE(WriteBackPage(state, disk));
-  edit.Leave();
-  EXPECT_EQ(ReadFile(folder / "a"), "ab....ab..ab");
-  EXPECT_EQ(Find(), 6);
-  EXPECT_EQ(Find(), 10);
-  EXPECT_EQ(Find(), -1);
-}
-
-// The bytes are changed where they are; the file stays the same one.
-void Overwrite(const std::string& path, std::size_t place, std::string_view bytes) {
-  std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
-  file.seekp(static_cast<std::streamoff>(place));
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  ASSERT_TRUE(file.flush());
-}
-
-TEST_F(Search, FindsNextWhatTheFileHoldsByThen) {
-  EXPECT_TRUE(rc::check([this] {
-    const auto letter = rc::gen::element('a', 'b');
-    auto text = *rc::gen::nonEmpty(rc::gen::container<std::string>(letter));
-    const auto term = *rc::gen::nonEmpty(rc::gen::resize(3, rc::gen::container<std::string>(letter)));
-    Open(text);
-    search = bwp::Search(*rc::gen::inRange<std::int64_t>(1, 40));
-    Type(term);
-    std::int64_t last = Find();
-    for (int call = 0; call < 12 && last >= 0; ++call) {
-      const auto place = *rc::gen::inRange<std::size_t>(0, text.size());
-      text[place] = text[place] == 'a' ? 'b' : 'a';
-      Overwrite(state.OpenFile, place, text.substr(place, 1));
-      const std::int64_t hit = Find();
-      const std::size_t next = text.find(term, static_cast<std::size_t>(last) + 1);
-      // A hit that ends with its block is reported once more, as long as it is still there.
-      const bool again = hit == last && text.compare(static_cast<std::size_t>(last), term.size(), term) == 0;
-      RC_ASSERT(again || hit == (next == std::string::npos ? -1 : static_cast<std::int64_t>(next)));
-      last = hit;
-    }
-  }));
 }
 
 TEST_F(Search, ReadsOnAcrossBlocksAsThePlainModelDoes) {
