@@ -14,15 +14,18 @@ QIcon LeanStyle::standardIcon(StandardPixmap which, const QStyleOption* option, 
 
 void LeanStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
-  if (element != PE_FrameGroupBox || baseStyle()->name() != QStringLiteral("fusion")) {
+  const bool drawn = element == PE_FrameGroupBox || element == PE_FrameLineEdit;
+  if (!drawn || baseStyle()->name() != QStringLiteral("fusion")) {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     return;
   }
-  // The heading is above the frame.
+  // A group's heading is above its frame.
   constexpr int kGap = 3;
-  const int heading = widget != nullptr ? widget->fontMetrics().height() + kGap : 0;
+  const bool group = element == PE_FrameGroupBox;
+  const int heading = group && widget != nullptr ? widget->fontMetrics().height() + kGap : 0;
+  const bool typedInto = !group && option->state.testFlag(State_HasFocus);
   painter->save();
-  painter->setPen(option->palette.color(QPalette::Mid));
+  painter->setPen(option->palette.color(typedInto ? QPalette::Highlight : QPalette::Mid));
   painter->setBrush(Qt::NoBrush);
   painter->drawRect(option->rect.adjusted(0, heading, -1, -1));
   painter->restore();

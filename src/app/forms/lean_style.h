@@ -11,7 +11,8 @@ class LeanStyle : public QProxyStyle {
   /// Leaves out the arrow that a menu bar shows when its window is too narrow for it: the main form never is.
   QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override;
 
-  /// Draws the frame of a group itself where the toolkit's own style would use a picture.
+  /// Draws frames itself in place of the toolkit's own style: a group's, for which that one uses a picture,
+  /// and a line edit's, which is then as square as that of the text box beside it.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
 };
