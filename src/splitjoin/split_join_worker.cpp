@@ -174,8 +174,11 @@ void SplitJoinWorker::ShowResult(const std::string& destination) {
 std::vector<std::string> SplitJoinWorker::NamesToJoin() const {
   std::vector<std::string> names = ParseNames(job_.names);
   if (names.size() != 1) return names;
-  const std::string folder = funzioni::FolderOf(names.front());
-  const PartNames parts = JoinNames(funzioni::NameOf(names.front()));
+  // The number begins with the name's first digit, also with one in a folder that is part of the name. Only
+  // in the folder of an absolute name it is not looked for.
+  const std::string& first = names.front();
+  const std::string folder = first.starts_with(funzioni::kSeparator) ? funzioni::FolderOf(first) : "";
+  const PartNames parts = JoinNames(first.substr(folder.size()));
   for (std::int64_t number = parts.first + 1;; ++number) {
     const std::string name = folder + parts.Name(number);
     if (!funzioni::FileExists(funzioni::PathIn(state_.LastFolder, name))) return names;

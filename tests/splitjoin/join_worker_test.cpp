@@ -204,6 +204,17 @@ TEST_F(JoinWorker, LooksForTheNumberOfAnAbsoluteNameBehindItsFolder) {
   EXPECT_THAT(transcript, Contains("label Joining file " + elsewhere + "x.002 to all"));
 }
 
+TEST_F(JoinWorker, TakesADigitInTheFolderOfARelativeNameForTheNumber) {
+  for (const char* const name : {"d1", "d2"}) {
+    ASSERT_EQ(mkdir((folder / name).c_str(), 0700), 0);
+    folder.Write(std::string(name) + "/x.005", name);
+  }
+  folder.Write("d1/x.006", "not joined");
+  folder.Write("d002.005", "not joined either");
+  Join("\"d1/x.005\"", "all");
+  EXPECT_EQ(ReadFile(folder / "all"), "d1not joined either");
+}
+
 TEST_F(JoinWorker, GoesOnWithItsJobWhenAnotherIsPreparedMeanwhile) {
   const bwp::test::TempFolder elsewhere;
   folder.Write("x.000", "zero");
