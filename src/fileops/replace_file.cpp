@@ -66,6 +66,7 @@ void FileReplacement::Prepare(Progress& progress, ScratchFile& content) {
   if (refusal_ == 0) return;
   if (!IsNameRefused(refusal_) || linkFolder == folder) throw RunTimeErrorFromErrno(refusal_, folder);
   const int refusal = Stage(linkFolder, &progress);
+  if (IsNameRefused(refusal)) throw RunTimeErrorFromErrno(refusal_, folder);
   if (refusal != 0) throw RunTimeErrorFromErrno(refusal, linkFolder);
 }
 
@@ -75,8 +76,9 @@ void FileReplacement::Discard(ScratchFile& content) {
 }
 
 // The old file's mode may rely on the file's folder to keep others out, and the temporary file's folder does
-// not. So the content gets that mode only beside the old file, under a hidden name. Returns the system's
-// error number if the folder does not take it, else zero.
+// not. So the content gets that mode only where it is to stay, under a hidden name: beside the old file or,
+// for the recovery, beside the link by which it was opened. Returns the system's error number if the folder
+// does not take it, else zero.
 int FileReplacement::Stage(const std::string& folder, Progress* progress) {
   std::optional<ScratchFile> hidden = ScratchFile::TryCreate(disk_, folder + ".bytewarp-");
   if (!hidden) return errno;

@@ -12,15 +12,14 @@
 #include <unistd.h>
 
 #include "fileops/buffer_operations.h"
-#include "support/child.h"
-#include "support/errors.h"
-#include "support/marked_file.h"
+#include "fileops/replace_fixture.h"
 
 // What a cut leaves of the file that it replaces, and what it does where the name cannot be replaced.
 namespace {
 
 using bwp::InsertBuffer;
 using bwp::test::ErrorOf;
+using bwp::test::ExpectRecovery;
 using bwp::test::InChild;
 using bwp::test::InOwnMounts;
 using bwp::test::kMemory;
@@ -28,24 +27,14 @@ using bwp::test::kNothing;
 using bwp::test::kOnDisk;
 using bwp::test::kOnlyTheFile;
 using bwp::test::MarkedFile;
+using bwp::test::Names;
+using bwp::test::Place;
 using bwp::test::ReadFile;
 using bwp::test::TempFolder;
 using bwp::test::Transcript;
-using Names = std::vector<std::string>;
 
 const std::string& kBytes = MarkedFile::kBytes;
 const std::string& kRest = MarkedFile::kRest;
-
-struct Place : MarkedFile {
-  explicit Place(const std::string& temporaryUnder = kOnDisk) : MarkedFile(RealDisk(), temporaryUnder) {}
-  std::string LastMessage() {
-    std::string message;
-    for (const std::string& line : Story()) {
-      if (line.starts_with("tell ")) message = line.substr(5);
-    }
-    return message;
-  }
-};
 
 struct stat StatusOf(const std::string& path) {
   struct stat status = {};
@@ -65,15 +54,8 @@ std::string AttributeOf(const std::string& path, const char* name) {
 
 class Replace : public testing::TestWithParam<const char*> {};
 
-/// What only root can try; ./test runs these apart where it is not root.
-class ReplaceAsRoot : public Replace {
- protected:
-  void SetUp() override {
-    ASSERT_EQ(geteuid(), 0U)
-        << "only root can make what this test needs: a file of another user, or one that "
-           "cannot be changed";
-  }
-};
+// What only root can try; ./test runs these apart where it is not root.
+class ReplaceAsRoot : public bwp::test::AsRoot {};
 
 TEST_P(Replace, KeepsTheMode) {
   for (const mode_t mode : {0600U, 0755U, 0444U, 0640U}) {
@@ -137,39 +119,12 @@ TEST_P(ReplaceAsRoot, OfAnotherUsersFileDropsWhatWouldGiveAwayRights) {
   EXPECT_EQ(ModeOf(place.data), 0744U);
 }
 
-TEST_P(Replace, ThroughALinkKeepsTheLinkAndReplacesItsTarget) {
-  Place place(GetParam());
-  std::filesystem::create_directory(place.folder / "links");
-  std::filesystem::create_symlink("../data", place.folder / "links/inner");
-  std::filesystem::create_symlink("links/inner", place.folder / "outer");
-  place.Open(place.folder / "outer");
-  place.Cut();
-  EXPECT_EQ(ReadFile(place.data), kRest);
-  EXPECT_EQ(place.state.OpenFile, place.folder / "outer");
-  EXPECT_EQ(std::filesystem::read_symlink(place.folder / "outer"), "links/inner");
-  EXPECT_EQ(std::filesystem::read_symlink(place.folder / "links/inner"), "../data");
-  EXPECT_EQ(place.folder.Names(), (Names{"data", "links", "outer"}));
-}
-
 TEST_P(Replace, LeavesTheOldContentUnderOtherHardLinks) {
   Place place(GetParam());
   std::filesystem::create_hard_link(place.data, place.folder / "other");
   place.Cut();
   EXPECT_EQ(ReadFile(place.data), kRest);
   EXPECT_EQ(ReadFile(place.folder / "other"), kBytes);
-}
-
-// The name stays with the old file, whole; the new content and the program go on under the new name.
-void ExpectRecovery(Place& place, const std::string& name) {
-  EXPECT_EQ(
-      place.LastMessage(),
-      "There is a SYSTEM ERROR cause by windows preview!  Your file has been renamed as '" + name + ".new'");
-  EXPECT_EQ(place.state.OpenFile, name + ".new");
-  EXPECT_EQ(place.state.FLen, 5);
-  EXPECT_EQ(ReadFile(name), kBytes);
-  EXPECT_EQ(ReadFile(name + ".new"), kRest);
-  EXPECT_EQ(place.state.BufferData, MarkedFile::kMarked);
-  EXPECT_EQ(place.temporary.Names(), kNothing);
 }
 
 // The old file stays, so does what had the new name, and the new content in the temporary file.
@@ -292,78 +247,6 @@ TEST_P(Replace, OfAMountPointWhoseNewNameIsTakenIsError58) {
     bwp::test::MountOnto(mounted, place.data);
     place.Open(place.data);
     ExpectTaken(place, place.data);
-  });
-}
-
-TEST_P(Replace, ThroughALinkOnAnotherDiskRecoversBesideTheLink) {
-  Place place(GetParam());
-  const TempFolder links(kMemory);
-  std::filesystem::create_symlink(place.data, links / "link");
-  const TempFolder elsewhere(kOnDisk);
-  const std::string mounted = elsewhere.Write("mounted", kBytes);
-  InOwnMounts([&] {
-    bwp::test::MountOnto(mounted, place.data);
-    place.Open(links / "link");
-    place.Cut();
-    ExpectRecovery(place, links / "link");
-    EXPECT_EQ(links.Names(), (Names{"link", "link.new"}));
-    EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
-  });
-}
-
-// A file in a folder that takes no new names from the user, opened by a link in one of the user's own.
-struct LinkedPlace : Place {
-  LinkedPlace(const std::string& temporaryUnder, const std::string& linkUnder)
-      : Place(temporaryUnder), links(linkUnder) {
-    std::filesystem::create_symlink(data, links / "link");
-    EXPECT_EQ(chmod(folder.Path().c_str(), 0555), 0);
-    for (const std::string& own : {links.Path(), temporary.Path()}) {
-      EXPECT_EQ(chown(own.c_str(), bwp::test::kNobody, bwp::test::kNobody), 0);
-    }
-  }
-  void OpenAsNobody() {
-    bwp::test::BecomeNobody();
-    Open(links / "link");
-  }
-
-  const TempFolder links;
-};
-
-TEST_P(ReplaceAsRoot, ThroughALinkIntoAFolderThatTakesNoNewNamesRecoversBesideTheLink) {
-  for (const char* const linkUnder : {kOnDisk, kMemory}) {
-    LinkedPlace place(GetParam(), linkUnder);
-    InChild([&] {
-      place.OpenAsNobody();
-      place.Cut();
-      ExpectRecovery(place, place.links / "link");
-      EXPECT_EQ(place.links.Names(), (Names{"link", "link.new"}));
-      EXPECT_EQ(place.folder.Names(), kOnlyTheFile);
-    });
-  }
-}
-
-TEST_P(ReplaceAsRoot, ThroughALinkIntoAFolderThatTakesNoNewNamesIsError58WhenTheNewNameIsTaken) {
-  LinkedPlace place(GetParam(), kOnDisk);
-  place.links.Write("link.new", "taken");
-  InChild([&] {
-    place.OpenAsNobody();
-    EXPECT_EQ(ErrorOf([&] { place.Cut(); }).number, 58);
-    EXPECT_EQ(ReadFile(place.temporary / place.temporary.Names().at(0)), kRest);
-    EXPECT_EQ(ReadFile(place.links / "link.new"), "taken");
-    EXPECT_EQ(ReadFile(place.data), kBytes);
-    EXPECT_EQ(place.links.Names(), (Names{"link", "link.new"}));
-  });
-}
-
-TEST_P(ReplaceAsRoot, ThroughALinkBetweenFoldersThatTakeNoNewNamesIsError70) {
-  LinkedPlace place(GetParam(), kOnDisk);
-  ASSERT_EQ(chmod(place.links.Path().c_str(), 0555), 0);
-  InChild([&] {
-    place.OpenAsNobody();
-    EXPECT_EQ(ErrorOf([&] { place.Cut(); }).number, 70);
-    EXPECT_EQ(ReadFile(place.data), kBytes);
-    EXPECT_EQ(place.state.BufferData, "");
-    EXPECT_EQ(place.temporary.Names(), kNothing);
   });
 }
 
