@@ -253,6 +253,14 @@ TEST(SplitPlan, RemembersAPresetWhileThePartSizeIsItsOwn) {
   EXPECT_EQ(p.plan.Fields().Preset, 5) << "the medium takes the whole file";
   p.plan.EnterCount("2");
   EXPECT_EQ(p.plan.Fields().Preset, -1);
+  p.plan.ChoosePreset(0);
+  p.plan.TypeHexSize("3E8");
+  EXPECT_EQ(p.plan.Fields().Preset, 0) << "a part size only with Enter";
+  p.plan.TypeDecimalSize("1000");
+  EXPECT_EQ(p.plan.Fields().Preset, -1);
+  p.plan.ChoosePreset(0);
+  p.plan.DragSlider(1000);
+  EXPECT_EQ(p.plan.Fields().Preset, -1);
   p.plan.ChoosePreset(5);
   p.plan.init();
   EXPECT_EQ(p.plan.Fields().Preset, -1);
