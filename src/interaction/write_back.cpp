@@ -32,8 +32,7 @@ void WriteAt(const Disk& disk, const FileSystem::WriteStream& file, std::int64_t
     const ssize_t done = Uninterrupted(
         [&] { return disk.PositionedWrite(file.Descriptor(), bytes.data(), bytes.size(), offset); });
     if (done < 0) throw RunTimeErrorFromErrno(errno, file.Path());
-    // These bytes have their place on the disk, so it cannot be full: a device that takes none of them and
-    // gives no reason is at fault.
+    // The file does not grow here: a device that takes none of these bytes and gives no reason is at fault.
     if (done == 0) throw MakeRunTimeError(kDeviceError, file.Path());
     bytes.remove_prefix(static_cast<std::size_t>(done));
     offset += done;

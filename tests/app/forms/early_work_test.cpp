@@ -11,7 +11,7 @@ namespace {
 using bwp::EarlyWork;
 using bwp::test::ScopedVariable;
 
-TEST(EarlyWork, SetsTheUsersLocaleBeforeFontsAreReadByIt) {
+TEST(EarlyWork, SetsTheUsersLocale) {
   const std::string before = std::setlocale(LC_ALL, nullptr);
   const ScopedVariable user("LC_ALL", "C.UTF-8");
   std::setlocale(LC_ALL, "C");
