@@ -66,6 +66,15 @@ class SplitJoinOperation : public bwp::test::MainFormTest {
   }
   static std::string Joined() { return PatternBytes(700) + "end"; }
   void Confirm() { Press("Dialog", "OKButton"); }
+  // While the first message is up, the split is confirmed and must not start.
+  void ConfirmDuringTheFirst(AnswerBoxes& boxes) {
+    boxes.onBox = [this, &boxes](QMessageBox&) {
+      if (boxes.Seen().size() > 1) return;
+      Confirm();
+      QTest::qWait(100);
+      EXPECT_FALSE(PartsExist());
+    };
+  }
   // Waits until the job's message was shown and closed.
   void Finish(const AnswerBoxes& boxes) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !boxes.Seen().empty(); }));
@@ -167,12 +176,7 @@ TEST_F(SplitJoinOperation, ASplitThatIsConfirmedDuringAnotherCommandsMessageWait
   AskToSplit();
   Entry("menucopy")->trigger();
   AnswerBoxes boxes;
-  boxes.onBox = [&](QMessageBox&) {
-    if (boxes.Seen().size() > 1) return;
-    Confirm();
-    QTest::qWait(100);
-    EXPECT_FALSE(PartsExist());
-  };
+  ConfirmDuringTheFirst(boxes);
   Entry("menuappend")->trigger();
   EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.Seen().size() == 2; }));
   EXPECT_EQ(boxes.Lines(),
@@ -186,12 +190,7 @@ TEST_F(SplitJoinOperation, ASplitThatIsConfirmedDuringADropsMessageWaitsUntilItW
   const std::string large = folder.Write("large", "");
   std::filesystem::resize_file(large, std::uintmax_t{2'147'483'648});
   AnswerBoxes boxes;
-  boxes.onBox = [&](QMessageBox&) {
-    if (boxes.Seen().size() > 1) return;
-    Confirm();
-    QTest::qWait(100);
-    EXPECT_FALSE(PartsExist());
-  };
+  ConfirmDuringTheFirst(boxes);
   Drop(large);
   EXPECT_TRUE(QTest::qWaitFor([&] { return boxes.Seen().size() == 2; }));
   EXPECT_EQ(boxes.Lines(), (Lines{"[Error !] File is too large (the limit is 2.147.483.647 bytes) (x)",
